@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Sets the machine up and runs every test: the layers, both compilers with warnings as errors, all tests as users
+# get the program and under the address and undefined-behaviour sanitizers, and each fuzz target over its seeds.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+step() { printf '\n== %s\n' "$*"; }
+
+step "Set-up"
+scripts/setup.sh clang libclang-rt-14-dev libbenchmark-dev zlib1g-dev libsqlite3-dev rapidjson-dev
+
+step "Layers"
+scripts/check_layers
+
+# Test programs find their scratch folders below TMPDIR; a fresh one keeps runs apart.
+TMPDIR=$(mktemp -d)
+export TMPDIR
+trap 'rm -rf "$TMPDIR"' EXIT
+
+step "Release build and its tests"
+scripts/build.sh release
+ctest --test-dir build/release --output-on-failure --parallel "$(nproc)" --timeout 300
+
+step "Sanitizer build and its tests"
+scripts/build.sh asan
+# Leaks are looked for by hand: the leak checker needs to trace its own process, which containers often forbid.
+ASAN_OPTIONS=detect_leaks=0 ctest --test-dir build/asan --output-on-failure --parallel "$(nproc)" --timeout 600
+
+step "Clang build"
+scripts/build.sh clang
+
+step "Fuzz targets"
+scripts/build.sh fuzz
+for target in build/fuzz/fuzz/fuzz_*; do
+  [ -x "$target" ] || continue
+  name=${target##*/fuzz_}
+  found=$(mktemp -d)
+  echo "fuzz_$name"
+  # A fixed seed, so that a run that passed passes again.
+  ASAN_OPTIONS=detect_leaks=0 "$target" -seed=1 -runs=20000 -max_total_time=5 -timeout=120 -rss_limit_mb=4096 \
+    -artifact_prefix="$found/" "$found" "fuzz/corpus/$name" >"$found.log" 2>&1 || { tail -40 "$found.log"; exit 1; }
+done
+
+step "All tests passed"
