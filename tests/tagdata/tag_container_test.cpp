@@ -1,0 +1,228 @@
+#include "tagdata/tag_container.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <random>
+
+#include "tagdata/chump_file.h"
+#include "tagdata/container_tag.h"
+#include "tagdata/data_tag.h"
+#include "tests/scratch_folder.h"
+#include "tests/tagdata/soup_tree.h"
+
+namespace morvex {
+namespace {
+
+const Nox::PString kA("a");
+const Nox::PString kB("b");
+
+TEST(TagContainer, SettingMovesToTheEnd) {
+  TagContainer soup;
+  soup.SetInt(kA, 1);
+  soup.SetString(kB, "x");
+  soup.SetFloat(kA, 3);
+  EXPECT_EQ(Tree(soup), "b=\"x\" a=f3");
+  soup.SetFloatArray(kA, {});
+  soup.SetNull(Nox::PString("n"));
+  EXPECT_EQ(Tree(soup), "b=\"x\" n");
+  EXPECT_FALSE(soup.HasTag(Nox::PString("n")));
+  EXPECT_EQ(soup.GetCount(), 2u);
+}
+
+TEST(TagContainer, ReadsThroughText) {
+  const TagContainer soup =
+      FromText("i 5\ns 42\nt abc\nf 1.5\nl 1.5,2.5\nk <kuid:1:2>\nu \"<kuid:1:2>x\"\nc {\nx 1\n}\ne \"\"");
+  const auto name = [](const char* text) { return Nox::PString(text); };
+  EXPECT_EQ(soup.GetInt(name("s"), 7), 42);
+  EXPECT_EQ(soup.GetInt(name("t"), 7), 7);
+  EXPECT_EQ(soup.GetInt(name("f"), 7), 1);
+  EXPECT_EQ(soup.GetInt(name("l"), 7), 7);
+  EXPECT_EQ(soup.GetInt(name("c"), 7), 7);
+  EXPECT_EQ(soup.GetInt(name("missing"), 7), 7);
+  EXPECT_TRUE(soup.GetBool(name("i")));
+  EXPECT_EQ(soup.GetFloat(name("i"), 7), 5);
+  EXPECT_EQ(soup.GetFloat(name("l"), 7), 7);
+  std::vector<float> values;
+  EXPECT_TRUE(soup.GetFloatArray(name("l"), values));
+  EXPECT_EQ(values, (std::vector<float>{1.5f, 2.5f}));
+  EXPECT_FALSE(soup.GetFloatArray(name("t"), values));
+  EXPECT_TRUE(values.empty());
+  EXPECT_EQ(soup.GetString(name("k")), "<kuid:1:2>");
+  EXPECT_EQ(soup.GetString(name("l")), "1.5,2.5");
+  EXPECT_EQ(soup.GetKUID(name("k")), KUID(1, 2, 0));
+  EXPECT_EQ(soup.GetKUID(name("t"), KUID(3, 4, 0)), KUID());
+  EXPECT_EQ(soup.GetKUID(name("c"), KUID(3, 4, 0)), KUID(3, 4, 0));
+  EXPECT_TRUE(soup.HasTag(name("e")));
+  EXPECT_EQ(soup.GetInt(name("e"), 7), 7);
+  EXPECT_TRUE(soup.GetContainer(name("i")).IsEmpty());
+  EXPECT_EQ(Tree(soup.GetContainerAt(7)), "x=1");
+}
+
+TEST(TagContainer, EmptyHandleFindsNothing) {
+  TagContainer empty;
+  EXPECT_EQ(empty.GetCount(), 0u);
+  EXPECT_TRUE(empty.GetString(kA).Empty());
+  empty.Remove(kA);
+  EXPECT_TRUE(empty.IsEmpty());
+  TagContainer soup;
+  soup.SetContainer(kA, empty);
+  empty.SetInt(kB, 1);
+  EXPECT_EQ(Tree(soup), "a{b=1}");
+}
+
+TEST(TagContainer, CopiesShareUntilCopiedFrom) {
+  TagContainer soup = FromText(
+      "a {\nb \"a text of more than a hundred and twenty-eight bytes, which is long "
+      "enough for two tags to hold the same bytes and for neither of them to copy it\"\n}");
+  const TagContainer same = soup;
+  TagContainer copy;
+  copy.CopyFrom(soup);
+  const std::string before = Tree(copy);
+  EXPECT_EQ(before, Tree(soup));
+  soup.GetContainer(kA).SetInt(kB, 2);
+  EXPECT_EQ(Tree(same), "a{b=2}");
+  EXPECT_EQ(Tree(copy), before);
+}
+
+TEST(ContainerTag, KeepsRepeatedNames) {
+  TDBContainerTag tag;
+  for (int i = 0; i < 60; ++i)
+    tag.AddChild(i % 2 ? kA : kB, TDBDataTag::Make(ChunkKind::kInt, &i, sizeof i));
+  const auto first = [&](Nox::PString name) { return static_cast<int>(*tag.GetChunk(name)->GetData()); };
+  EXPECT_EQ(first(kA), 1);
+  tag.RemoveChild(tag.GetChunk(kA).Get());
+  EXPECT_EQ(first(kA), 3);
+  tag.SwapChildren(tag.GetChunk(kA).Get(), tag.GetChunk(kB).Get());
+  EXPECT_EQ(first(kA), 0);
+  tag.Sort();
+  EXPECT_EQ(tag.GetChildName(28), "a");
+  EXPECT_EQ(tag.GetChildName(29), "b");
+  EXPECT_EQ(tag.GetChildCount(), 59u);
+}
+
+// Against a list of pairs, which knows nothing of indexes and holes.
+TEST(ContainerTag, AgreesWithAPlainList) {
+  std::mt19937 random(7);
+  TagContainer soup;
+  std::vector<std::pair<int, int>> list;
+  for (int step = 0; step < 20000; ++step) {
+    const int name = static_cast<int>(random() % 300);
+    const Nox::PString text("n" + std::to_string(name));
+    std::erase_if(list, [&](const auto& pair) { return pair.first == name; });
+    if (random() % 4 == 0 || step > 15000) {
+      soup.Remove(text);
+    } else {
+      soup.SetInt(text, step);
+      list.emplace_back(name, step);
+    }
+    ASSERT_EQ(soup.GetCount(), list.size());
+    if (list.empty()) continue;
+    const size_t at = random() % list.size();
+    ASSERT_EQ(soup.GetName(static_cast<uint32_t>(at)), "n" + std::to_string(list[at].first)) << step;
+    ASSERT_EQ(soup.GetInt(Nox::PString("n" + std::to_string(list[at].first))), list[at].second);
+  }
+}
+
+TEST(ContainerTag, StaysQuickWhenItIsBig) {
+  TagContainer soup;
+  std::vector<Nox::PString> names;
+  for (int i = 0; i < 100000; ++i)
+    names.emplace_back("big" + std::to_string(i));
+  for (int round = 0; round < 3; ++round) {
+    for (size_t i = 0; i < names.size(); ++i)
+      soup.SetInt(names[i], static_cast<int32_t>(i));
+  }
+  while (soup.GetCount() > 50000)
+    soup.Remove(soup.GetName(0));
+  for (uint32_t i = 0; i < soup.GetCount(); ++i)
+    soup.Remove(soup.GetName(i));
+  EXPECT_EQ(soup.GetCount(), 25000u);
+  EXPECT_EQ(soup.GetName(0), "big50001");
+}
+
+TEST(ContainerTag, DestroysAndCopiesAnyDepth) {
+  TagContainer soup = FromText("a 1");
+  for (int i = 0; i < 100000; ++i) {
+    TagContainer outer;
+    outer.SetContainer(kA, soup);
+    soup = outer;
+  }
+  TagContainer copy;
+  copy.CopyFrom(soup);
+  soup.Clear();
+  EXPECT_EQ(copy.GetCount(), 1u);
+}
+
+TEST(TagContainer, LoadsAndSavesByExtension) {
+  const ScratchFolder scratch;
+  const TagContainer soup = FromText("a 1\nn {\nb x\n}");
+  const struct {
+    const char* file;
+    const char* extension;
+    bool known;
+  } kCases[] = {{"a.txt", "", true},  {"b.CHUMP", "", true}, {"c.cdp", "", true},     {"d.cdp2", "", true},
+                {"e.dat", "", false}, {"f", "", false},      {"g.dat", ".txt", true}, {"h.txt", "x", false}};
+  for (const auto& c : kCases) {
+    const std::string path = scratch / c.file;
+    EXPECT_EQ(soup.Save(Nox::PString(), path, c.extension), c.known) << c.file;
+    EXPECT_EQ(std::filesystem::exists(path), c.known) << c.file;
+    if (!c.known) std::ofstream(path) << "a 1";
+    TagContainer loaded = FromText("old 1");
+    EXPECT_EQ(loaded.Load(Nox::PString(), path, c.extension), c.known) << c.file;
+    EXPECT_EQ(Tree(loaded), c.known ? Tree(soup) : "old=1") << c.file;
+  }
+  TagContainer loaded = FromText("old 1");
+  EXPECT_FALSE(loaded.Load(Nox::PString(), scratch / "none.txt"));
+  EXPECT_TRUE(loaded.IsValid());
+  std::ofstream(scratch / "bad.chump") << "not a soup";
+  EXPECT_TRUE(loaded.Load(Nox::PString(), scratch / "bad.chump"));
+  EXPECT_TRUE(loaded.IsEmpty());
+}
+
+// Soups of random tags, through both forms on disk and the views of the binary one.
+TEST(TagContainer, BothFormsAgree) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 50; ++round) {
+    std::vector<TagContainer> open(1);
+    for (int i = 0; i < 200; ++i) {
+      const Nox::PString name("k" + std::to_string(random() % 120));
+      const auto number = static_cast<int32_t>(random());
+      TagContainer& soup = open.back();
+      switch (random() % 7) {
+        case 0:
+          soup.SetInt(name, number);
+          break;
+        case 1:
+          soup.SetFloat(name, static_cast<float>(number % 1000) / 4);
+          break;
+        case 2:
+          soup.SetString(name, "text " + std::to_string(number));
+          break;
+        case 3:
+          soup.SetKUID(name, KUID(number % 1000, number, 0));
+          break;
+        case 4:
+          soup.SetFloatArray(name, {0.5f, 2.25f});
+          break;
+        case 5: {
+          TagContainer inner = FromText("a");
+          soup.SetContainer(name, inner);
+          open.push_back(inner);
+          break;
+        }
+        default:
+          if (open.size() > 1) open.pop_back();
+      }
+    }
+    const TagContainer& soup = open.front();
+    const std::string image = ChumpImage(soup);
+    const TagContainer view = ReadChumpImage(ACSRawDataCore::CopyBytes(image.data(), image.size()));
+    ASSERT_EQ(Tree(view), Tree(soup));
+    ASSERT_EQ(ChumpImage(view), image);
+  }
+}
+
+}  // namespace
+}  // namespace morvex
