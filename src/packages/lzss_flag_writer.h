@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+
+#include "packages/lzss_format.h"
+#include "packages/lzss_token_writer.h"
+
+namespace Nox {
+
+// Groups of the flag coding: a 32-bit word of flags, then the bytes of the tokens that end in the word.
+class LzssFlagGroup {
+ public:
+  explicit LzssFlagGroup(LzssSink& sink) : sink_(sink) {}
+
+  // A token's bytes are added before its last flag, which may close the group.
+  void Add(std::uint8_t byte) { bytes_[size_++] = byte; }
+  void Add(std::span<const std::uint8_t> bytes);
+  void Flag(bool set);
+  // Writes a group that isn't full.
+  void Finish();
+
+ private:
+  // 32 tokens of a length or count byte and a word, or a run, need no more.
+  static constexpr std::size_t kMaxBytes = 16 * (1 + kLzssMaxRun);
+
+  void Write();
+
+  LzssSink& sink_;
+  std::uint32_t flags_ = 0;
+  std::uint32_t mask_ = 1;  // of the next flag
+  std::size_t size_ = 0;
+  std::array<std::uint8_t, kMaxBytes> bytes_;
+};
+
+// The flag coding of windows 1 and 2.
+class LzssWideWriter : public LzssTokenWriter {
+ public:
+  LzssWideWriter(const LzssWindow& window, LzssSink& sink) : window_(window), group_(sink) {}
+  void Literals(std::span<const std::uint8_t> bytes) override;
+  void Match(unsigned length, unsigned offset) override;
+  void Finish() override { group_.Finish(); }
+
+ private:
+  const LzssWindow& window_;
+  LzssFlagGroup group_;
+};
+
+// The flag coding of window 0.
+class LzssNarrowWriter : public LzssTokenWriter {
+ public:
+  explicit LzssNarrowWriter(LzssSink& sink) : group_(sink) {}
+  void Literals(std::span<const std::uint8_t> bytes) override;
+  void Match(unsigned length, unsigned offset) override;
+  void Finish() override { group_.Finish(); }
+
+ private:
+  LzssFlagGroup group_;
+};
+
+}  // namespace Nox
