@@ -1,0 +1,6 @@
+class Siding
+{
+  public string name;
+  public float length;   // metres between the signals
+  public bool taken = false;
+};

@@ -1,0 +1,41 @@
+#include "frontend/tool/help_text.h"
+
+namespace morvex {
+
+const char* const kHelpText =
+    "Welcome to the Morvex Util Tool!\n"
+    "This is a simple command line tool to perform several content Management functions to "
+    "install/delete/modify assets.\n"
+    "----------------------------------------------------------\n"
+    "MorvexUtil Help -To display this text\n"
+    "MorvexUtil InstallCDP <PATH> -To install an asset from a .CDP file\n"
+    "MorvexUtil InstallFromPath <PATH> -To install an asset from a directory\n"
+    "MorvexUtil Edit <KUID> -To open an asset for edit\n"
+    "MorvexUtil PrintConfig <KUID> -To print a config file to stdout\n"
+    "MorvexUtil BackupKeywords -To backup all the keywords of your assets so that you don't loose them when "
+    "you delete the assret.tdx. Or just a way to edit keywords\n"
+    "MorvexUtil ImportKeywords -To re-import the keywords into the Morvex Asset Database\n"
+    "MorvexUtil Commit <KUID> -To apply the changes made to the asset\n"
+    "MorvexUtil Revert <KUID> -To discard the changes made to the asset\n"
+    "MorvexUtil Delete <KUID> -To remove the asset\n"
+    "MorvexUtil GenerateKUID -To generate a new KUID number\n"
+    "MorvexUtil CreateCDP <Output Filename.cdp> <kuid1> <kuid2> <kuidX> ...\n"
+    "MorvexUtil Authors -To dump a list of all the authorID that have content in the game\n"
+    "MorvexUtil SearchByCategory [-a] <CatgoryList>  -To list all the local assets with a category set in "
+    "this format, \"CMP;MESH|BD;-ACTV|VE|SCEN\" and the -a parameter if you want to search the download "
+    "station as well\n"
+    "MorvexUtil Status <KUID> -To generate the status of the object\n"
+    "\tthis will output <KUID> : <Flags> : <category> : <uasername> where flags a series of letters that "
+    "means whether its true or false. (capital flag is true and small flag is false)\n"
+    "\tEe - if the asset is Open For Edit\n"
+    "\tIi - if the asset is installed locally\n"
+    "\tAa - if the asset is archived\n"
+    "\tDd - if the asset is on the download station\n"
+    "\tLl - if the asset is locally modified\n"
+    "\tMm - if the asset has missing dependencies\n"
+    "\tEe - if the asset has errors\n"
+    "MorvexUtil @<file.txt> -To load a series of argument from a text file (every argument must be between "
+    "double quote).\n"
+    "Every lines of that text file will be processed as a separate call of MorvexUtil";
+
+}  // namespace morvex
