@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tagdata/data_tag.h"
+#include "tagdata/repeat_guard.h"
 
 namespace morvex {
 namespace {
@@ -93,10 +94,13 @@ void ACSChunk::CopyFrom(const ACSChunk& source) {
   struct Level {
     Nox::Ref<const ACSChunk> from;
     Nox::Ref<ACSChunk> to;
-    uint32_t next;
+    uint32_t next = 0;
+    bool repeated = false;
+    MetNames met = {};
   };
+  RepeatGuard guard;
   std::vector<Level> levels;
-  levels.push_back({Nox::Ref<const ACSChunk>(&source), Nox::Ref<ACSChunk>(this), 0});
+  levels.push_back({Nox::Ref<const ACSChunk>(&source), Nox::Ref<ACSChunk>(this)});
   while (!levels.empty()) {
     Level& level = levels.back();
     if (level.next >= level.from->GetChildCount()) {
@@ -111,7 +115,8 @@ void ACSChunk::CopyFrom(const ACSChunk& source) {
     }
     ChunkRef copy = level.to->CreateChunk(ChunkKind::kContainer, Raw());
     level.to->AddChild(name, copy);
-    levels.push_back({child, std::move(copy), 0});
+    const bool repeated = !level.met.Add(name) || level.repeated;
+    if (guard.MayEnter(*child, repeated)) levels.push_back({child, std::move(copy), 0, repeated});
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "tagdata/binary_file.h"
 #include "tagdata/chunk_writer.h"
+#include "tagdata/repeat_guard.h"
 #include "tagdata/tag_container.h"
 
 namespace morvex {
@@ -26,10 +27,13 @@ TagContainer RootOf(TDBBinaryFile& file) {
 void AppendChildren(ChunkWriter& writer, const ACSChunk& soup) {
   struct Level {
     Nox::Ref<const ACSChunk> soup;
-    uint32_t next;
+    uint32_t next = 0;
+    bool repeated = false;
+    MetNames met = {};
   };
+  RepeatGuard guard;
   std::vector<Level> levels;
-  levels.push_back({Nox::Ref<const ACSChunk>(&soup), 0});
+  levels.push_back({Nox::Ref<const ACSChunk>(&soup)});
   while (true) {
     Level& level = levels.back();
     if (level.next >= level.soup->GetChildCount()) {
@@ -42,10 +46,13 @@ void AppendChildren(ChunkWriter& writer, const ACSChunk& soup) {
     const ChunkRef child = level.soup->GetChunk(name);
     if (child->GetKind() != ChunkKind::kContainer) {
       writer.Leaf(name, *child);
-    } else if (levels.size() <= kMaxSoupDepth) {
-      writer.BeginContainer(name);
-      levels.push_back({child, 0});
+      continue;
     }
+    if (levels.size() > kMaxSoupDepth) continue;
+    const bool repeated = !level.met.Add(name) || level.repeated;
+    if (!guard.MayEnter(*child, repeated)) continue;
+    writer.BeginContainer(name);
+    levels.push_back({child, 0, repeated});
   }
 }
 

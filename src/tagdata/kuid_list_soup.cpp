@@ -1,7 +1,8 @@
-#include <utility>
+#include <string>
 #include <vector>
 
 #include "tagdata/kuid_list.h"
+#include "tagdata/repeat_guard.h"
 #include "tagdata/tag_container.h"
 
 namespace morvex {
@@ -22,11 +23,18 @@ void KUIDList::FromContainer(const TagContainer& container) {
     AddIfValid(container.GetKUID(container.GetName(i)));
 }
 
-// Nested soups are walked on a stack of their own: how deep they go is up to the file.
+// Nested soups are walked on a stack of their own: how deep they go is up to the file. Of soups with one name only
+// the first can be reached, and once is enough.
 void KUIDList::ScanContainer(const TagContainer& container) {
-  std::vector<std::pair<TagContainer, uint32_t>> open{{container, 0}};
+  struct Level {
+    TagContainer soup;
+    uint32_t index = 0;
+    MetNames met = {};
+  };
+  std::vector<Level> open;
+  open.push_back({container});
   while (!open.empty()) {
-    auto& [soup, index] = open.back();
+    auto& [soup, index, met] = open.back();
     if (index == soup.GetCount()) {
       open.pop_back();
       continue;
@@ -41,7 +49,7 @@ void KUIDList::ScanContainer(const TagContainer& container) {
         AddIfValid(soup.GetKUID(name));
         break;
       case ChunkKind::kContainer:
-        open.emplace_back(soup.GetContainer(name), 0);
+        if (met.Add(name)) open.push_back({soup.GetContainer(name)});
         break;
       default:
         break;

@@ -3,6 +3,7 @@
 
 #include "engine/text.h"
 #include "tagdata/acs_chunk.h"
+#include "tagdata/repeat_guard.h"
 #include "tagdata/stream.h"
 #include "tagdata/tag_container.h"
 #include "tagdata/tag_value.h"
@@ -45,10 +46,13 @@ void WriteLeaf(std::string& out, Nox::PString name, const ACSChunk& leaf, int de
 void WriteChildren(std::string& out, const ACSChunk& root) {
   struct Level {
     Nox::Ref<const ACSChunk> soup;
-    uint32_t next;
+    uint32_t next = 0;
+    bool repeated = false;
+    MetNames met = {};
   };
+  RepeatGuard guard;
   std::vector<Level> levels;
-  levels.push_back({Nox::Ref<const ACSChunk>(&root), 0});
+  levels.push_back({Nox::Ref<const ACSChunk>(&root)});
   while (true) {
     Level& level = levels.back();
     const size_t depth = levels.size() - 1;
@@ -62,11 +66,13 @@ void WriteChildren(std::string& out, const ACSChunk& root) {
     const ChunkRef child = level.soup->GetChunk(name);
     const bool nested = child->GetKind() == ChunkKind::kContainer;
     if (nested && depth == kMaxSoupDepth) continue;
+    const bool repeated = nested && (!level.met.Add(name) || level.repeated);
+    if (nested && !guard.MayEnter(*child, repeated)) continue;
     out.append(depth, '\t');
     WriteKey(out, name);
     if (nested) {
       out += " {\r\n";
-      levels.push_back({child, 0});
+      levels.push_back({child, 0, repeated});
     } else {
       WriteLeaf(out, name, *child, static_cast<int>(depth));
       out += "\r\n";

@@ -9,6 +9,8 @@
 #include "tagdata/chump_file.h"
 #include "tagdata/container_tag.h"
 #include "tagdata/data_tag.h"
+#include "tagdata/kuid_list.h"
+#include "tagdata/text_config.h"
 #include "tests/scratch_folder.h"
 #include "tests/tagdata/soup_tree.h"
 
@@ -222,6 +224,35 @@ TEST(TagContainer, BothFormsAgree) {
     ASSERT_EQ(Tree(view), Tree(soup));
     ASSERT_EQ(ChumpImage(view), image);
   }
+}
+
+// Each level holds two soups of one name, of which only the first can be reached: walked as often as they are met,
+// sixty levels would take years.
+TEST(TagContainer, TwinsAtEveryLevelDoNotMultiply) {
+  TagContainer soup;
+  soup.SetKUID(Nox::PString("kuid"), KUID(1, 2, 0));
+  for (int level = 0; level < 60; ++level) {
+    TagContainer outer;
+    outer.GetRoot()->AddChild(Nox::PString("twin"), soup.GetRoot());
+    outer.GetRoot()->AddChild(Nox::PString("twin"), soup.GetRoot());
+    soup = outer;
+  }
+  TagContainer copy;
+  copy.CopyFrom(soup);
+  KUIDList found;
+  found.ScanContainer(copy);
+  EXPECT_EQ(found.Count(), 1u);
+  EXPECT_LT(ChumpImage(soup).size(), 3000000u);
+  EXPECT_LT(SoupText(soup).size(), 30000000u);
+}
+
+TEST(TagContainer, OrdinaryTwinsAreBothWritten) {
+  TagContainer inner = FromText("a 1");
+  TagContainer soup;
+  soup.GetRoot()->AddChild(Nox::PString("n"), inner.GetRoot());
+  soup.GetRoot()->AddChild(Nox::PString("n"), FromText("b 2").GetRoot());
+  const std::string image = ChumpImage(soup);
+  EXPECT_EQ(Tree(ReadChumpImage(ACSRawDataCore::CopyBytes(image.data(), image.size()))), "n{a=1} n{a=1}");
 }
 
 }  // namespace
