@@ -3,7 +3,7 @@
 # Usage: scripts/setup.sh [extra packages ...]
 set -euo pipefail
 
-needed=(g++ cmake ninja-build python3 libzip4 zip unzip libgtest-dev "$@")
+needed=(g++ cmake ninja-build python3 libzip-dev libjpeg62-turbo-dev libstb-dev libgtest-dev zip unzip "$@")
 
 missing=()
 for package in "${needed[@]}"; do

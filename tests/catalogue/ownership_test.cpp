@@ -91,7 +91,9 @@ TEST_F(OwnershipTest, TheBlockSaysWhoIsMasterAndHolder) {
   EXPECT_EQ(Field(kHolder), self);
   EXPECT_EQ(Field(kWaiters), 0U);
   EXPECT_EQ(Field(kGeneration), 0U);
-  ZEBReleaseOwnership();
+  // The thread that loads may be late, and take the ownership once more.
+  for (int i = 0; i < 100 && Field(kHolder) == self; ++i)
+    ZEBReleaseOwnership();
   EXPECT_EQ(Field(kHolder), InstanceOwnership::kNobody);
   EXPECT_EQ(Field(kGeneration), 1U) << "written before it was given away";
   ZEBHasErrors(KUID());

@@ -50,9 +50,7 @@ class OperationsTest : public testing::Test {
 
   void Start() {
     ZEBPrepareFolders(root_.path());
-    ZEBStartupSettings settings;
-    settings.root = root_.path();
-    ZEBInit(settings);
+    ZEBInit({.root = root_.path()});
   }
   void Stop() {
     ZEBShutdown();
@@ -115,11 +113,11 @@ class OperationsTest : public testing::Test {
     Write(folder + "/Thumbs.db", "passed over");
   }
   size_t InstallFolder(const std::string& folder) {
-    return ZEBInstallFromPath(At(folder), &log_, &outFlag_, nullptr);
+    return ZEBInstallFromPath(At(folder), &log_, nullptr, nullptr);
   }
   bool Commit(const KUID& kuid, uint32_t flags = 0) {
     ZEBAssetHandle handle = ZEBOpenAsset(kuid, true, nullptr);
-    return ZEBCommitAssetEdits(handle, flags, &log_, &outFlag_);
+    return ZEBCommitAssetEdits(handle, flags, &log_, nullptr);
   }
   // An asset in local/, and nothing else.
   void MakeCommitted(const KUID& kuid, const std::string& build = "2.9") {
@@ -131,7 +129,6 @@ class OperationsTest : public testing::Test {
 
   ScratchFolder root_;
   ResultsLog log_;
-  uint8_t outFlag_ = 0;
 };
 
 }  // namespace morvex
