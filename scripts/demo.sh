@@ -24,7 +24,7 @@ cd "$demo"
 run() {
   local expected=0
   if [ "$1" = --fails ]; then expected=255; shift; fi
-  printf '\n$ %s\n' "$*"
+  printf '\n$'; printf ' %q' "$@"; echo
   local code=0
   "$@" || code=$?
   if [ "$code" -ne "$expected" ]; then
@@ -39,15 +39,18 @@ crane='<kuid2:523841:1013:1>'
 
 echo "== The first installation: assets from folders"
 run $first version
-run $first installfrompath "$samples"
+mkdir downloads
+cp -r "$samples"/*/ downloads
+rm -r downloads/faulty
+run $first installfrompath "$demo/downloads"
 run $first status "$loco"
-for config in "$samples"/*/config.txt; do
+for config in downloads/*/config.txt; do
   kuid=$(grep -aoiE '<kuid2?:[0-9:]+>' "$config" | head -1)
   kuids+=("$kuid")
   run $first commit "$kuid"
 done
 run $first status "$loco"
-run $first searchbycategory "at"
+run $first searchbycategory "tr;loc|scen;-sy"
 run $first authors
 
 echo
