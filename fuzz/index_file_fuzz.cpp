@@ -1,9 +1,6 @@
 // Any bytes as an index file. What is read must be written back as a file that reads as the same tables.
 
-#include <unistd.h>
-
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include "database/catalogue/asset_cache.h"
@@ -12,18 +9,15 @@
 #include "database/catalogue/index_writer.h"
 #include "engine/file.h"
 
+#include "../tests/scratch_folder.h"
+
 namespace {
 
 using namespace morvex;
 
 const std::string& Folder() {
-  static const std::string folder = [] {
-    std::string pattern = (std::filesystem::temp_directory_path() / "morvex-fuzz-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) std::abort();
-    std::atexit([] { std::filesystem::remove_all(Folder()); });
-    return pattern;
-  }();
-  return folder;
+  static const ScratchFolder folder;
+  return folder.path();
 }
 
 // With the header made right, or hardly any input would get past it.

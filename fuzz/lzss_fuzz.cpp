@@ -28,7 +28,8 @@ void DecodeBothWays(std::span<const std::uint8_t> stream) {
   Nox::LZSSCompress lzss;
   lzss.InitStreamDecompress(
       [&inPieces](auto bytes) { return inPieces.insert(inPieces.end(), bytes.begin(), bytes.end()), true; });
-  for (const std::uint8_t& byte : stream) lzss.StreamDecompress(&byte, 1);
+  for (const std::uint8_t& byte : stream)
+    lzss.StreamDecompress(&byte, 1);
   if (!lzss.DoneStreamDecompress() || inPieces != plain) std::abort();
 }
 

@@ -8,12 +8,13 @@
 namespace Nox {
 namespace {
 
-// Positions are compared as signed 16-bit numbers by the rules of the format, so one above this is as good
-// as gone, and takes the rest of its chain along.
+// Positions are compared as signed 16-bit numbers by the rules of the format, so one from here on is
+// as good as gone, and takes the rest of its chain along.
 constexpr std::size_t kFirstLostPosition = 0x8000;
 
-// Strings that PickChain looks at, counted from the end of the match.
-constexpr int kChainsToCompare = 12;
+// Strings that PickChain looks at, counted from the end of the match. Long repeats with rare breaks (sparse
+// bytes, configurations) gain much from looking far; with very long runs the looking itself begins to cost.
+constexpr int kChainsToCompare = 100;
 
 unsigned ShiftFor(std::size_t bufferSize) {
   if (bufferSize < 2000) return 3;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cassert>
 #include <cstdint>
@@ -18,9 +17,6 @@ struct LzssCode {
 // An adaptive Huffman tree. The nodes stand in one row by rising weight, siblings side by side (the first at
 // an even place), the root last; so a node that grows heavier than its right neighbour changes places with
 // the last of the lighter ones. Both sides count each symbol behind its coding and so keep equal trees.
-//
-// For most symbols no node has to move. So the way along the tree that a code takes anyway counts as it goes,
-// and notes only where the lowest move would have been due; Repair then does what was wrong once more.
 class LzssTree {
  public:
   // No code is longer: a leaf that deep would need a weight above kMaxWeight at the root.
@@ -29,23 +25,23 @@ class LzssTree {
   explicit LzssTree(unsigned symbols);
 
   // The code of `symbol` in the tree as it stands.
-  LzssCode CodeOf(unsigned symbol) const;
+  LzssCode CodeOf(unsigned symbol) const {
+    LzssCode code{0, 0};
+    for (unsigned node = up_[LeafOf(symbol)]; node != root_; node = up_[node]) {
+      code = {code.bits << 1 | (node & 1), code.count + 1};
+    }
+    return code;
+  }
 
   // The same, and counts the symbol.
   LzssCode Encode(unsigned symbol) {
     if (weight_[root_] == kMaxWeight) [[unlikely]] {
       return EncodeAndRebuild(symbol);
     }
-    std::uint32_t bits = 0;
-    unsigned steps = 0;
-    unsigned node = up_[LeafOf(symbol)];
-    for (unsigned above = node; above != root_; above = up_[above], ++steps) bits = bits << 1 | (above & 1);
-    for (; node != root_; node = up_[node]) {
-      const unsigned weight = ++weight_[node];
-      if (weight_[node + 1] < weight) node = MoveUp(node);
-    }
-    ++weight_[root_];
-    return {bits, steps};
+    // Two ways up, so that the machine can be on both at once.
+    const LzssCode code = CodeOf(symbol);
+    Count(up_[LeafOf(symbol)]);
+    return code;
   }
 
   // Takes one symbol from the low end of `bits`, of which at least kMaxCodeBits must be there, counts it, and
@@ -54,20 +50,24 @@ class LzssTree {
     if (weight_[root_] == kMaxWeight) [[unlikely]] {
       return DecodeAndRebuild(bits, used);
     }
+    // For most symbols no node has to move. So the way down counts as it goes, and notes only where the lowest
+    // move is due; Recount then does what was wrong once more.
     unsigned child = child_[root_];
     unsigned steps = 0;
-    unsigned node;
+    unsigned move = kNoMove;
+    Path path;
     do {
-      node = child + static_cast<unsigned>(bits & 1);
+      const unsigned node = child + static_cast<unsigned>(bits & 1);
       bits >>= 1;
       child = child_[node];
+      path[steps] = static_cast<std::uint16_t>(node);
+      const unsigned weight = ++weight_[node];
+      move = weight_[node + 1] < weight ? steps : move;
       ++steps;
     } while (child < kFirstLeaf);
-    for (; node != root_; node = up_[node]) {
-      const unsigned weight = ++weight_[node];
-      if (weight_[node + 1] < weight) node = MoveUp(node);
-    }
+    assert(steps <= kMaxCodeBits);
     ++weight_[root_];
+    if (move != kNoMove) Recount(path, move);
     used = steps;
     return SymbolOf(child);
   }
@@ -77,7 +77,6 @@ class LzssTree {
   static constexpr unsigned kMaxNodes = 2 * kMaxLeaves - 1;
   static constexpr unsigned kMaxWeight = 32768;
   static constexpr unsigned kNoMove = 255;
-  static constexpr unsigned kLanes = 4;  // weights that are compared at once
 
   // In child_, values from here on are symbols. They go by twos like pairs of siblings, so that whatever hangs
   // on a node can be told of its place by the same two stores into up_.
@@ -93,8 +92,18 @@ class LzssTree {
     up_[child] = up_[child + 1] = static_cast<std::uint16_t>(node);
   }
   unsigned MoveUp(unsigned node);
-  void Repair(unsigned node, const std::uint16_t* above, unsigned count);
-  void Count(unsigned symbol);
+  // Adds 1 to `node` and all above it but the root, and moves up what grows heavier than its neighbour.
+  void CountFrom(unsigned node) {
+    for (; node != root_; node = up_[node]) {
+      const unsigned weight = ++weight_[node];
+      if (weight_[node + 1] < weight) node = MoveUp(node);
+    }
+  }
+  void Count(unsigned leafNode) {
+    CountFrom(leafNode);
+    ++weight_[root_];
+  }
+  void Recount(const Path& path, unsigned move);
   LzssCode EncodeAndRebuild(unsigned symbol);
   unsigned DecodeAndRebuild(std::uint64_t bits, unsigned& used);
   void Rebuild();
@@ -103,7 +112,7 @@ class LzssTree {
 
   const unsigned leaves_;
   const unsigned root_;
-  std::array<std::uint16_t, kMaxNodes + 2 * kLanes> weight_;   // behind the root: more than any has
+  std::array<std::uint16_t, kMaxNodes> weight_;
   std::array<std::uint16_t, kMaxNodes> child_;                 // the first of two
   std::array<std::uint16_t, kFirstLeaf + 2 * kMaxLeaves> up_;  // a node's parent, a symbol's node
 };
