@@ -65,6 +65,14 @@ run $first edit "$loco"
 run $first revert "$loco"
 
 echo
+echo "== A faulty asset: the last letter of its status tells"
+faulty='<kuid:523841:2013>'
+run $first installfrompath "$samples/faulty/below_zero"
+run $first commit "$faulty"
+run $first status "$faulty"
+run $first delete "$faulty"
+
+echo
 echo "== A package, and the second installation"
 run $first createcdp "$demo/valley.cdp" "${kuids[@]}"
 run $second installcdp "$demo/valley.cdp"

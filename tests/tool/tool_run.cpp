@@ -44,6 +44,7 @@ Installation::Installation() {
   fs::create_directories(root() + "/bin");
   fs::create_directories(root() + "/data");
   fs::copy_file(MORVEX_TOOL, root() + "/bin/MorvexUtil");
+  fs::copy(MORVEX_QELDATA, root() + "/bin/QELData");
   fs::copy_file(MORVEX_DATA "/interfacetext.txt", root() + "/data/interfacetext.txt");
 }
 

@@ -16,6 +16,7 @@ namespace morvex {
 namespace {
 
 constexpr const char* kApplicationName = "Morvex Util";
+constexpr const char* kValidationFolder = "QELData/";
 constexpr const char* kNullRenderOptions = "-NullRender -LogFile=/dev/null";
 constexpr const char* kHiddenWindowOptions = "-render=OpenGL -hidewindow -LogFile=/dev/null";
 
@@ -46,6 +47,7 @@ bool AppStartup(AppContext& context, const std::vector<std::string>& argv) {
     std::cerr << "-Os failed\n";
     return false;
   }
+  context.validator = std::make_unique<LibraryValidator>(Nox::Path::AddPath(folder, kValidationFolder));
   if (!StartEngine(context, argv)) return false;
 
   const std::string root = Nox::Path::PrevDir(folder);
@@ -59,6 +61,7 @@ bool AppStartup(AppContext& context, const std::vector<std::string>& argv) {
 bool AppShutdown(AppContext& context) {
   const bool written = ZEBShutdown();
   if (!written) std::cerr << "-The asset index could not be written\n";
+  context.validator.reset();
   ZEBReleaseFolders();
   context.os.reset();
   return written;

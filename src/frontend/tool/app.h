@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "database/operations/library_validator.h"
 #include "engine/options.h"
 
 namespace morvex {
@@ -11,6 +12,7 @@ namespace morvex {
 // What the start-up leaves and the tear-down consumes.
 struct AppContext {
   std::unique_ptr<Nox::OS> os;
+  std::unique_ptr<LibraryValidator> validator;
 };
 
 // Starts the engine and the database; the index loads on a thread of its own behind it. The program's folder

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string_view>
+
+#include "database/operations/asset_validator.h"
+
+namespace morvex {
+
+// Judges commits by the validation library. Made once at start-up, before the database starts; makes the
+// library's services and becomes the validator of all commits. Ends both when it goes, which must be after
+// the database's end.
+class LibraryValidator final : public AssetValidator {
+ public:
+  // `dataFolder` holds the definitions and tables. Where it is missing, no asset passes.
+  explicit LibraryValidator(std::string_view dataFolder);
+  ~LibraryValidator() override;
+  LibraryValidator(const LibraryValidator&) = delete;
+  LibraryValidator& operator=(const LibraryValidator&) = delete;
+
+  bool Validate(const KUID& kuid, ResultsLog& log) override;
+};
+
+}  // namespace morvex
