@@ -57,7 +57,7 @@ TEST(Path, JoinsAndChangesExtensions) {
 }
 
 TEST(Path, RelativeToABase) {
-  EXPECT_EQ(Path::MakeRelativeTo("/root/editing/x/", "/root/"), "editing/x/");
+  EXPECT_EQ(Path::MakeRelativeTo("/game/editing/x/", "/game/"), "editing/x/");
   EXPECT_EQ(Path::MakeRelativeTo("/root2/x", "/root"), "/root2/x");
   EXPECT_EQ(Path::MakeRelativeTo("/root", "/root"), "");
   EXPECT_EQ(Path::MakeRelativeTo("root/x", "/root"), "root/x");
