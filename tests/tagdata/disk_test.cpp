@@ -17,9 +17,9 @@ namespace fs = std::filesystem;
 class DiskTest : public testing::Test {
  protected:
   DiskTest() {
-    for (const char* name : {"/game/local/asset", "/game/editing", "/gamecopy", "/precious"})
+    for (const char* name : {"/root/local/asset", "/root/editing", "/rootless", "/precious"})
       fs::create_directories(folder_.path() + name);
-    for (const char* name : {"/game/local/asset/config.txt", "/gamecopy/file", "/precious/file"})
+    for (const char* name : {"/root/local/asset/config.txt", "/rootless/file", "/precious/file"})
       std::ofstream(folder_.path() + name) << "text";
     SetRootPath(Root());
   }
@@ -38,7 +38,7 @@ TEST_F(DiskTest, DeletesBelowTheRootOnly) {
       Root() + "/",
       Root() + "/local/../../precious",
       Root() + "/../precious/file",
-      Root() + "/../gamecopy",
+      Root() + "/../rootless",
       Root() + "/local/link/file",
       Root() + "/LOCAL/Link/file",
       Root() + "/local/link/../precious",
