@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "tagdata/data_tag.h"
-#include "tagdata/repeat_guard.h"
+#include "tagdata/soup_walk.h"
 
 namespace morvex {
 namespace {
@@ -90,33 +90,22 @@ void ACSChunk::CopyFrom(const ACSChunk& source) {
   if (source.GetKind() != ChunkKind::kNull) SetData(source.GetKind(), source.GetRawData());
   RemoveChildren(*this);
 
-  // The soups being copied, from the outermost in. A list of our own, since soups may be of any depth.
-  struct Level {
-    Nox::Ref<const ACSChunk> from;
-    Nox::Ref<ACSChunk> to;
-    uint32_t next = 0;
-    bool repeated = false;
-    MetNames met = {};
-  };
-  RepeatGuard guard;
-  std::vector<Level> levels;
-  levels.push_back({Nox::Ref<const ACSChunk>(&source), Nox::Ref<ACSChunk>(this)});
-  while (!levels.empty()) {
-    Level& level = levels.back();
-    if (level.next >= level.from->GetChildCount()) {
-      levels.pop_back();
-      continue;
+  std::vector<Nox::Ref<ACSChunk>> targets{Nox::Ref<ACSChunk>(this)};
+  SoupWalk walk(source);
+  while (walk.Next()) {
+    switch (walk.What()) {
+      case SoupWalk::Event::kLeaf:
+        targets.back()->AddChild(walk.Name(), CopyOfLeaf(*walk.Chunk(), *targets.back()));
+        break;
+      case SoupWalk::Event::kEnter: {
+        ChunkRef copy = targets.back()->CreateChunk(ChunkKind::kContainer, Raw());
+        targets.back()->AddChild(walk.Name(), copy);
+        targets.push_back(std::move(copy));
+        break;
+      }
+      case SoupWalk::Event::kLeave:
+        targets.pop_back();
     }
-    const Nox::PString name = level.from->GetChildName(level.next++);
-    const ChunkRef child = level.from->GetChunk(name);
-    if (child->GetKind() != ChunkKind::kContainer) {
-      level.to->AddChild(name, CopyOfLeaf(*child, *level.to));
-      continue;
-    }
-    ChunkRef copy = level.to->CreateChunk(ChunkKind::kContainer, Raw());
-    level.to->AddChild(name, copy);
-    const bool repeated = !level.met.Add(name) || level.repeated;
-    if (guard.MayEnter(*child, repeated)) levels.push_back({child, std::move(copy), 0, repeated});
   }
 }
 

@@ -5,7 +5,7 @@
 
 #include "tagdata/binary_file.h"
 #include "tagdata/chunk_writer.h"
-#include "tagdata/repeat_guard.h"
+#include "tagdata/soup_walk.h"
 #include "tagdata/tag_container.h"
 
 namespace morvex {
@@ -25,34 +25,18 @@ TagContainer RootOf(TDBBinaryFile& file) {
 }  // namespace
 
 void AppendChildren(ChunkWriter& writer, const ACSChunk& soup) {
-  struct Level {
-    Nox::Ref<const ACSChunk> soup;
-    uint32_t next = 0;
-    bool repeated = false;
-    MetNames met = {};
-  };
-  RepeatGuard guard;
-  std::vector<Level> levels;
-  levels.push_back({Nox::Ref<const ACSChunk>(&soup)});
-  while (true) {
-    Level& level = levels.back();
-    if (level.next >= level.soup->GetChildCount()) {
-      levels.pop_back();
-      if (levels.empty()) return;
-      writer.EndContainer();
-      continue;
+  SoupWalk walk(soup, kMaxSoupDepth);
+  while (walk.Next()) {
+    switch (walk.What()) {
+      case SoupWalk::Event::kLeaf:
+        writer.Leaf(walk.Name(), *walk.Chunk());
+        break;
+      case SoupWalk::Event::kEnter:
+        writer.BeginContainer(walk.Name());
+        break;
+      case SoupWalk::Event::kLeave:
+        writer.EndContainer();
     }
-    const Nox::PString name = level.soup->GetChildName(level.next++);
-    const ChunkRef child = level.soup->GetChunk(name);
-    if (child->GetKind() != ChunkKind::kContainer) {
-      writer.Leaf(name, *child);
-      continue;
-    }
-    if (levels.size() > kMaxSoupDepth) continue;
-    const bool repeated = !level.met.Add(name) || level.repeated;
-    if (!guard.MayEnter(*child, repeated)) continue;
-    writer.BeginContainer(name);
-    levels.push_back({child, 0, repeated});
   }
 }
 

@@ -1,11 +1,22 @@
+#include <cstring>
 #include <string>
-#include <vector>
 
 #include "tagdata/kuid_list.h"
-#include "tagdata/repeat_guard.h"
+#include "tagdata/soup_walk.h"
 #include "tagdata/tag_container.h"
 
 namespace morvex {
+namespace {
+
+// The null KUID if the data has another size.
+KUID TagKuid(const ACSChunk& tag) {
+  KUID::Bytes bytes;
+  if (tag.GetDataSize() != bytes.size()) return KUID();
+  std::memcpy(bytes.data(), tag.GetData(), bytes.size());
+  return KUID::FromChunkData(bytes);
+}
+
+}  // namespace
 
 TagContainer KUIDList::ToContainer() const {
   TagContainer container;
@@ -23,33 +34,19 @@ void KUIDList::FromContainer(const TagContainer& container) {
     AddIfValid(container.GetKUID(container.GetName(i)));
 }
 
-// Nested soups are walked on a stack of their own: how deep they go is up to the file. Of soups with one name only
-// the first can be reached, and once is enough.
 void KUIDList::ScanContainer(const TagContainer& container) {
-  struct Level {
-    TagContainer soup;
-    uint32_t index = 0;
-    MetNames met = {};
-  };
-  std::vector<Level> open;
-  open.push_back({container});
-  while (!open.empty()) {
-    auto& [soup, index, met] = open.back();
-    if (index == soup.GetCount()) {
-      open.pop_back();
-      continue;
-    }
-    const Nox::PString name = soup.GetName(index++);
-    switch (soup.GetKind(name)) {
+  if (container.Chunk() == nullptr) return;
+  SoupWalk walk(*container.Chunk());
+  while (walk.Next()) {
+    if (walk.What() != SoupWalk::Event::kLeaf) continue;
+    const ACSChunk& tag = *walk.Chunk();
+    switch (tag.GetKind()) {
       case ChunkKind::kString:
       case ChunkKind::kText:
-        AddIfValid(KUID(soup.GetText(name), true));
+        AddIfValid(KUID(tag.DataText(), true));
         break;
       case ChunkKind::kKuid:
-        AddIfValid(soup.GetKUID(name));
-        break;
-      case ChunkKind::kContainer:
-        if (met.Add(name)) open.push_back({soup.GetContainer(name)});
+        AddIfValid(TagKuid(tag));
         break;
       default:
         break;

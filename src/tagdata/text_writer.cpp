@@ -3,7 +3,7 @@
 
 #include "engine/text.h"
 #include "tagdata/acs_chunk.h"
-#include "tagdata/repeat_guard.h"
+#include "tagdata/soup_walk.h"
 #include "tagdata/stream.h"
 #include "tagdata/tag_container.h"
 #include "tagdata/tag_value.h"
@@ -44,37 +44,19 @@ void WriteLeaf(std::string& out, Nox::PString name, const ACSChunk& leaf, int de
 }
 
 void WriteChildren(std::string& out, const ACSChunk& root) {
-  struct Level {
-    Nox::Ref<const ACSChunk> soup;
-    uint32_t next = 0;
-    bool repeated = false;
-    MetNames met = {};
-  };
-  RepeatGuard guard;
-  std::vector<Level> levels;
-  levels.push_back({Nox::Ref<const ACSChunk>(&root)});
-  while (true) {
-    Level& level = levels.back();
-    const size_t depth = levels.size() - 1;
-    if (level.next >= level.soup->GetChildCount()) {
-      levels.pop_back();
-      if (levels.empty()) return;
-      out.append(depth - 1, '\t').append("}\r\n");
+  SoupWalk walk(root, kMaxSoupDepth);
+  while (walk.Next()) {
+    const size_t depth = walk.Depth();
+    out.append(depth, '\t');
+    if (walk.What() == SoupWalk::Event::kLeave) {
+      out += "}\r\n";
       continue;
     }
-    const Nox::PString name = level.soup->GetChildName(level.next++);
-    const ChunkRef child = level.soup->GetChunk(name);
-    const bool nested = child->GetKind() == ChunkKind::kContainer;
-    if (nested && depth == kMaxSoupDepth) continue;
-    const bool repeated = nested && (!level.met.Add(name) || level.repeated);
-    if (nested && !guard.MayEnter(*child, repeated)) continue;
-    out.append(depth, '\t');
-    WriteKey(out, name);
-    if (nested) {
+    WriteKey(out, walk.Name());
+    if (walk.What() == SoupWalk::Event::kEnter) {
       out += " {\r\n";
-      levels.push_back({child, 0, repeated});
     } else {
-      WriteLeaf(out, name, *child, static_cast<int>(depth));
+      WriteLeaf(out, walk.Name(), *walk.Chunk(), static_cast<int>(depth));
       out += "\r\n";
     }
   }
