@@ -15,10 +15,21 @@ namespace {
 
 using namespace morvex;
 
-const std::string& Folder() {
-  static const ScratchFolder folder;
-  return folder.path();
-}
+// A folder of its own, removed when the process exits.
+class Scratch {
+ public:
+  Scratch() : path_((std::filesystem::temp_directory_path() / "morvex-fuzz-XXXXXX").string()) {
+    if (mkdtemp(path_.data()) == nullptr) std::abort();
+  }
+  ~Scratch() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
 
 // With the header made right, or hardly any input would get past it.
 std::string WithHeader(const uint8_t* data, size_t size) {
@@ -49,7 +60,8 @@ void AskEverything() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  const std::string path = Folder() + "/index";
+  static const Scratch scratch;
+  const std::string path = scratch.Path() + "/index";
   const std::string bytes = WithHeader(data, size);
   Nox::File file;
   if (!file.Open(path, Nox::OpenMode::kCreate) || file.Write(bytes.data(), bytes.size()) != bytes.size())

@@ -1,6 +1,8 @@
 // Whole runs: what lies on the disk after a run, and what the next run makes of what it finds.
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 
 #include <filesystem>
 
@@ -114,6 +116,27 @@ TEST_F(IndexRunTest, AnIndexThatCantBeWrittenLeavesTheBackup) {
   EXPECT_FALSE(place_.Stop());
   place_.Remove("cache/assets.tdx");
   EXPECT_FALSE(place_.Exists("assets.tdx"));
+  place_.Start();
+  EXPECT_EQ(Record("<kuid:1:1>").Rating(), 4);
+}
+
+// A disk that is full in the middle of the write.
+TEST_F(IndexRunTest, AnIndexThatDoesNotFitLeavesTheBackup) {
+  place_.Start();
+  {
+    const ZEBAssetLock lock(true);
+    Record("<kuid:1:1>").SetText(AssetText::kDescription, std::string(60000, 'd'));
+  }
+  rlimit limit;
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlimit small = {30000, limit.rlim_max};
+  signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  const bool written = place_.Stop();
+  setrlimit(RLIMIT_FSIZE, &limit);
+  EXPECT_FALSE(written);
+  EXPECT_FALSE(place_.Exists("assets.tdx"));
+  EXPECT_FALSE(place_.Exists("cache/assets.tdx")) << "gives its room back";
   place_.Start();
   EXPECT_EQ(Record("<kuid:1:1>").Rating(), 4);
 }

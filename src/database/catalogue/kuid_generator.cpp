@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <mutex>
 
+#include "database/catalogue/asset_cache.h"
 #include "database/catalogue/asset_lock.h"
-#include "database/catalogue/asset_status.h"
 #include "database/catalogue/database.h"
 #include "database/catalogue/instance_ownership.h"
 #include "engine/path.h"
@@ -18,10 +18,26 @@ constexpr const char* kNoRoot = "-foobar-";
 constexpr const char* kBaseFile = "settings/kuid.txt";
 constexpr int32_t kFirstContent = 1000;
 
+// With a mutex of its own, under which no other is taken.
+struct Root {
+  std::mutex mutex;
+  std::string path = kNoRoot;
+};
+
+Root& TheRoot() {
+  static Root root;
+  return root;
+}
+
+void StoreRoot(std::string_view path) {
+  Root& root = TheRoot();
+  const std::lock_guard guard(root.mutex);
+  root.path = path;
+}
+
 // Guarded by `mutex`, which is taken inside the database lock.
 struct Generator {
   std::recursive_mutex mutex;
-  std::string root = kNoRoot;
   KUID base;
   int32_t localUser = KUID::kTemporaryAuthor;
   uint32_t ownershipSeen = 0;  // the base is as it was on the disk when the installation was taken over
@@ -44,16 +60,16 @@ void TakeBase(Generator& state, const KUID& kuid) {
   currentAuthorId = kuid.userId;
 }
 
-KUID StoredBase(const Generator& state) {
+KUID StoredBase() {
   TagContainer soup;
-  if (!soup.Load(Nox::PString(), Nox::Path::AddPath(state.root, kBaseFile))) return {};
+  if (!soup.Load(Nox::PString(), Nox::Path::AddPath(ZEBRoot(), kBaseFile))) return {};
   return soup.GetKUID(BaseTag());
 }
 
-bool StoreBase(const Generator& state) {
+bool StoreBase(const KUID& base) {
   TagContainer soup;
-  soup.SetKUID(BaseTag(), state.base);
-  return soup.Save(Nox::PString(), Nox::Path::AddPath(state.root, kBaseFile));
+  soup.SetKUID(BaseTag(), base);
+  return soup.Save(Nox::PString(), Nox::Path::AddPath(ZEBRoot(), kBaseFile));
 }
 
 // Another process may have given out KUIDs while it owned the installation.
@@ -61,7 +77,7 @@ void FollowOwnership(Generator& state) {
   const uint32_t seen = Ownership().TimesTaken();
   if (seen == state.ownershipSeen) return;
   state.ownershipSeen = seen;
-  const KUID stored = StoredBase(state);
+  const KUID stored = StoredBase();
   if (!stored.IsNull()) TakeBase(state, stored);
 }
 
@@ -77,22 +93,22 @@ bool ZEBGetRoot(std::string& path) {
 }
 
 std::string ZEBRoot() {
-  Generator& state = TheGenerator();
-  const std::lock_guard guard(state.mutex);
-  return state.root;
+  Root& root = TheRoot();
+  const std::lock_guard guard(root.mutex);
+  return root.path;
 }
 
 void ZEBSetRoot(std::string_view path) {
+  StoreRoot(path);
   Generator& state = TheGenerator();
   const std::lock_guard guard(state.mutex);
-  state.root = path;
-  TakeBase(state, StoredBase(state));
+  TakeBase(state, StoredBase());
 }
 
 void ZEBForgetRoot() {
+  StoreRoot(kNoRoot);
   Generator& state = TheGenerator();
   const std::lock_guard guard(state.mutex);
-  state.root = kNoRoot;
   state.base = KUID();
   state.localUser = KUID::kTemporaryAuthor;
   currentAuthorId = KUID::kTemporaryAuthor;
@@ -103,7 +119,7 @@ bool ZEBSetBaseKuid(const KUID& kuid) {
   Generator& state = TheGenerator();
   const std::lock_guard guard(state.mutex);
   TakeBase(state, kuid);
-  return StoreBase(state);
+  return StoreBase(state.base);
 }
 
 void ZEBSyncBaseKuid() {
@@ -121,11 +137,10 @@ KUID ZEBGenerateKUID() {
   if (state.base.IsNull()) {
     state.base = KUID::Make(KUID::kTemporaryAuthor, Nox::Rand::Global().NextInt() / 2);
   }
-  ZEBAssetStatus status;
   do {
     state.base = NextOf(state.base);
-  } while (ZEBIsStarted() && ZEBGetAssetStatus(state.base, status));
-  if (!StoreBase(state)) std::fputs("Unable to write 'Settings/kuid.txt' file.\n", stdout);
+  } while (ZEBIsStarted() && ZEBAssetCache::Instance().Find(state.base) != nullptr);
+  if (!StoreBase(state.base)) std::fputs("Unable to write 'Settings/kuid.txt' file.\n", stdout);
   return state.base;
 }
 

@@ -46,8 +46,9 @@ struct PackTable {
   std::vector<Pack> packs;
 };
 
+// Never destroyed: at the end of the process the packs it would unmount may be gone already.
 PackTable& Table() {
-  static PackTable table;
+  static PackTable& table = *new PackTable;
   return table;
 }
 
