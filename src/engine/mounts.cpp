@@ -24,7 +24,8 @@ struct MountTable {
 };
 
 MountTable& Table() {
-  static MountTable table;
+  // Never destroyed, since an archive can't be closed any more once the ZIP library is gone at the process's end.
+  static MountTable& table = *new MountTable;
   return table;
 }
 
