@@ -35,28 +35,35 @@ NULL_KUID = kuid(-1, -1, 127)
 
 
 def write_index(path, count, seed=7):
-    """An index of `count` installed local records, each depending on two others, as a long-used library has it."""
+    """An index of `count` installed local records, each depending on two others, as a long-used library has it.
+    Written piece by piece: a run's peak memory is counted from its fork, so this process must stay small."""
     rng = random.Random(seed)
-    chunks = []
-    for i in range(count):
-        name = " ".join(rng.choices(WORDS, k=3)) + f" {i}"
-        flags = bytes([0, 1, 0, 0, 0, 1, 0, 0,  0, 0, 1, 0, 0, 1, 1, 1,  1])
-        chunks.append(b"".join([
-            kuid(100000 + i % 500, 1000 + i), padded(rng.choice(CATEGORIES)), padded(name), padded("DE;AT"),
-            padded("1950;1960"), padded("steam;" + name.split()[0].lower()), padded(""), padded(""), padded(""),
-            padded(f"local/content {i:08x}{i}"), NULL_KUID, flags, struct.pack("<Ifb", 40000 + i, 2.9, -1),
-            struct.pack("<QQ", 1600000000 + i, 1600000000 + i), padded(""), padded("")]))
-    dependencies = [kuid(100000 + i % 500, 1000 + i) + kuid(100000 + j % 500, 1000 + j)
-                    for i in range(count) for j in ((i + 1) % count, (i * 7 + 3) % count) if i != j]
-    body = b"".join(chunks) + struct.pack("<I", 0) + NULL_KUID
-    body += struct.pack("<II", 0, len(dependencies)) + b"".join(dependencies)
-    body += struct.pack("<II", 0, 0)                                   # authors
-    body += struct.pack("<IIII", 0x24534341, 1, 0, 0)                  # notes
-    body += struct.pack("<II", 0, 0)                                   # archives
-    body += struct.pack("<II", 1, 0) + struct.pack("<QI", 0, 0)        # station
-    body += struct.pack("<IIf", 0, 1, 0.0)                             # tail
-    head = struct.pack("<IIII", 0xCEEBA2DB, 19, 16 + len(body), count)
-    path.write_bytes(head + body)
+
+    def identity(i):
+        return kuid(100000 + i % 500, 1000 + i)
+
+    flags = bytes([0, 1, 0, 0, 0, 1, 0, 0,  0, 0, 1, 0, 0, 1, 1, 1,  1])
+    with path.open("wb") as file:
+        file.write(struct.pack("<IIII", 0xCEEBA2DB, 19, 0, count))
+        for i in range(count):
+            name = " ".join(rng.choices(WORDS, k=3)) + f" {i}"
+            file.write(b"".join([
+                identity(i), padded(rng.choice(CATEGORIES)), padded(name), padded("DE;AT"), padded("1950;1960"),
+                padded("steam;" + name.split()[0].lower()), padded(""), padded(""), padded(""),
+                padded(f"local/content {i:08x}{i}"), NULL_KUID, flags, struct.pack("<Ifb", 40000 + i, 2.9, -1),
+                struct.pack("<QQ", 1600000000 + i, 1600000000 + i), padded(""), padded("")]))
+        file.write(struct.pack("<I", 0) + NULL_KUID)                          # obsoletes
+        file.write(struct.pack("<II", 0, 2 * count))
+        for i in range(count):
+            file.write(identity(i) + identity((i + 1) % count) + identity(i) + identity((i * 7 + 3) % count))
+        file.write(struct.pack("<II", 0, 0))                                  # authors
+        file.write(struct.pack("<IIII", 0x24534341, 1, 0, 0))                 # notes
+        file.write(struct.pack("<II", 0, 0))                                  # archives
+        file.write(struct.pack("<IIQI", 1, 0, 0, 0))                          # station
+        file.write(struct.pack("<IIf", 0, 1, 0.0))                            # tail
+        size = file.tell()
+        file.seek(8)
+        file.write(struct.pack("<I", size))
 
 
 def write_asset(folder, content, files, megabytes, seed=3):
