@@ -5,6 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh libbenchmark-dev zlib1g-dev libsqlite3-dev rapidjson-dev git
+cmake --preset release -DMORVEX_BENCH=ON >/dev/null
 scripts/build.sh release
 
 for program in build/release/bench/bench_*; do
