@@ -67,8 +67,8 @@ class TreeRemover {
       lost_ = true;
       return;
     }
-    std::vector<std::string>
-        names;  // all of them before the first is removed: not every disk keeps its place
+    // All names before the first is removed: not every disk keeps its place.
+    std::vector<std::string> names;
     DirectoryReader reader(here_.Get());
     while (const dirent64* entry = reader.Next()) {
       (entry->d_type == DT_DIR ? levels_.back().folders : names).emplace_back(entry->d_name);

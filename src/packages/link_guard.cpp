@@ -7,7 +7,7 @@
 #include "engine/mounts.h"
 #include "engine/name_lookup.h"
 #include "engine/path.h"
-#include "packages/real_path.h"
+#include "engine/real_path.h"
 
 namespace morvex {
 namespace {
@@ -15,7 +15,7 @@ namespace {
 std::string RealRoot(const Nox::Location& root) {
   const std::optional<std::string> host = Nox::ResolveHostPath(root);
   const std::optional<std::string> found = host ? Nox::FindExisting(*host) : std::nullopt;
-  return found ? RealPath(*found) : std::string();
+  return found ? Nox::RealPath(*found) : std::string();
 }
 
 }  // namespace
@@ -53,12 +53,12 @@ const std::string& LinkGuard::RealPathOfLast() {
 
 std::string LinkGuard::RealPathOf(const std::string& name, bool isLink) {
   const std::string path = Nox::Path::AddPath(RealPathOfLast(), name);
-  return isLink ? RealPath(path) : path;
+  return isLink ? Nox::RealPath(path) : path;
 }
 
 // The root itself counts as inside: a link to it is endless, not private.
 bool LinkGuard::IsInsideRoot(const std::string& real) const {
-  return IsWithin(way_.front().real, real);
+  return Nox::IsWithin(way_.front().real, real);
 }
 
 bool LinkGuard::IsOnWay(const std::string& real) const {

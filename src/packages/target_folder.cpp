@@ -4,8 +4,8 @@
 #include "engine/find.h"
 #include "engine/name_lookup.h"
 #include "engine/path.h"
+#include "engine/real_path.h"
 #include "packages/file_rules.h"
-#include "packages/real_path.h"
 
 namespace morvex {
 namespace {
@@ -18,7 +18,7 @@ std::string MakeRoot(std::string_view path) {
 }  // namespace
 
 TargetFolder::TargetFolder(std::string_view path)
-    : path_(MakeRoot(path)), fresh_(Nox::IsEmptyFolder(path_)), real_(RealPath(path_)) {}
+    : path_(MakeRoot(path)), fresh_(Nox::IsEmptyFolder(path_)), real_(Nox::RealPath(path_)) {}
 
 std::optional<std::string> TargetFolder::PathOf(std::string_view folder, std::string_view name) {
   if (folder.empty() || !IsValidName(name)) return std::nullopt;
@@ -28,7 +28,7 @@ std::optional<std::string> TargetFolder::PathOf(std::string_view folder, std::st
 std::optional<std::string> TargetFolder::MakeFolder(const std::string& path) {
   if (!Nox::File::Md(path)) return std::nullopt;
   const std::optional<std::string> onDisk = Nox::FindExisting(path);
-  return onDisk && (fresh_ || IsWithin(real_, RealPath(*onDisk))) ? onDisk : std::nullopt;
+  return onDisk && (fresh_ || Nox::IsWithin(real_, Nox::RealPath(*onDisk))) ? onDisk : std::nullopt;
 }
 
 bool TargetFolder::CreateFile(Nox::File& file, const std::string& path, bool replace) const {

@@ -1,11 +1,11 @@
 #include "tagdata/disk.h"
 
-#include <filesystem>
 #include <optional>
 
 #include "engine/file.h"
 #include "engine/name_lookup.h"
 #include "engine/path.h"
+#include "engine/real_path.h"
 
 namespace morvex {
 namespace {
@@ -26,22 +26,16 @@ std::optional<std::string> FullPath(Nox::PString base, std::string_view path) {
   return std::string(path);
 }
 
-// Where a folder truly lies, names found on the disk and links followed. None if it doesn't exist.
-std::optional<std::string> TruePath(const std::string& folder) {
+// Where a folder truly lies, names found on the disk and links followed. Empty if it doesn't exist.
+std::string TruePath(const std::string& folder) {
   const std::optional<std::string> found = Nox::FindExisting(folder);
-  if (!found) return std::nullopt;
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::canonical(*found, error);
-  if (error) return std::nullopt;
-  return path.string();
+  return found ? Nox::RealPath(*found) : std::string();
 }
 
 // `path` is normalised. Its own last component may be a link; those in front of it may not lead out.
 bool LiesBelowRoot(const std::string& path) {
   if (!Nox::Path::IsBelow(Root(), path)) return false;
-  const std::optional<std::string> root = TruePath(Root());
-  const std::optional<std::string> parent = TruePath(Nox::Path::PrevDir(path));
-  return root && parent && (*parent == *root || Nox::Path::IsBelow(*root, *parent));
+  return Nox::IsWithin(TruePath(Root()), TruePath(Nox::Path::PrevDir(path)));
 }
 
 }  // namespace

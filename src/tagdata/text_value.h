@@ -17,8 +17,8 @@ TextValue ClassifyValue(TextCursor& in);
 // From the first byte of the value: a number's text, at most `limit` bytes of it; what is longer is read over.
 std::string_view ReadShortText(TextCursor& in, size_t limit);
 
-// From the first byte of the value: a string, without its quotes and with its line ends as CR LF. The view is of the text itself, or of
-// `buffer` if something had to be changed.
+// From the first byte of the value: a string, without its quotes and with its line ends as CR LF. The view is
+// of the text itself, or of `buffer` if something had to be changed.
 std::string_view ReadStringValue(TextCursor& in, std::string& buffer);
 
 }  // namespace morvex

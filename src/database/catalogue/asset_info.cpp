@@ -1,6 +1,5 @@
 #include "database/catalogue/asset_info.h"
 
-#include <cstring>
 #include <utility>
 
 #include "database/catalogue/asset_cache.h"
@@ -22,15 +21,6 @@ constexpr std::array<uint8_t, kTextsBeforeFixed> kPresenceOf = [] {
   bits[static_cast<size_t>(AssetText::kPackPath)] = ZEBAssetInfo::kHasPack;
   return bits;
 }();
-
-uint8_t* PutKuid(uint8_t* at, const KUID& kuid) {
-  FixedPart part;
-  part.numbers.mapKuid = kuid;
-  uint8_t fixed[kFixedSize];
-  EncodeFixed(part, fixed);
-  std::memcpy(at, fixed, KUID::kBinarySize);
-  return at + KUID::kBinarySize;
-}
 
 std::string_view DisplayNameOf(const AssetTexts& texts) {
   const std::string_view local = texts[static_cast<size_t>(AssetText::kLocalName)];
@@ -174,7 +164,7 @@ void ZEBAssetInfo::Encode(const AssetTexts& texts, const AssetNumbers& numbers) 
     size += IndexStringSize(text);
 
   auto block = std::make_unique<uint8_t[]>(size);
-  uint8_t* at = PutKuid(block.get(), kuid_);
+  uint8_t* at = PutIndexKuid(block.get(), kuid_);
   for (size_t i = 0; i < kTextsBeforeFixed; ++i)
     at = PutIndexString(at, texts[i]);
   numbersAt_ = static_cast<uint32_t>(at - block.get());

@@ -12,9 +12,6 @@
 namespace morvex {
 namespace {
 
-// More than any configuration; the rest of a broken file isn't worth the memory.
-constexpr size_t kMaxConfig = size_t{256} << 20;
-
 using Parse = TagContainer (*)(std::string_view);
 
 TagContainer ReadOne(const Nox::Location& folder, std::string_view name, Parse parse) {

@@ -11,6 +11,8 @@ class ZEBAssetInfo;
 
 inline constexpr std::string_view kConfigText = "config.txt";
 inline constexpr std::string_view kConfigChump = "config.chump";
+// More than any configuration; a larger file isn't worth the memory.
+inline constexpr size_t kMaxConfig = size_t{256} << 20;
 
 // The configuration in an asset's folder: config.chump if it is there and sound, else config.txt. Empty if there
 // is none, or nothing in it. The pack of the location must be mounted.

@@ -10,9 +10,9 @@ enum ChangeKind : uint32_t { kContentChanged = 1, kSizesChanged = 2 };
 
 struct ZEBStartupSettings {
   std::string root;
-  void (*progressHook)() = nullptr;  // called by long operations; may be null
-  void (*finishHook)(uint32_t kinds) =
-      nullptr;  // called when the lock becomes free after changes; may be null
+  // Both may be null. Called by long operations, and when the lock becomes free after changes.
+  void (*progressHook)() = nullptr;
+  void (*finishHook)(uint32_t kinds) = nullptr;
   bool rebuildIfMissing = true;
   bool useDownloadStation = true;
 };

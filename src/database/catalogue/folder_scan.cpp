@@ -6,10 +6,10 @@
 #include "database/catalogue/asset_cache.h"
 #include "database/catalogue/config_reader.h"
 #include "database/catalogue/database.h"
-#include "database/catalogue/disk_folder.h"
 #include "database/catalogue/folder_size.h"
 #include "database/catalogue/pack_table.h"
 #include "database/catalogue/temporary_folders.h"
+#include "engine/disk_folder.h"
 #include "engine/find.h"
 #include "engine/mounts.h"
 #include "engine/parallel.h"
@@ -44,10 +44,10 @@ void SetPlace(ZEBAssetInfo& record, std::string_view pack, const std::string& pa
 }
 
 // The configuration in a folder of the disk that is open anyway; the same choice as ReadConfig makes.
-TagContainer ReadConfigIn(const DiskFolder& folder, int64_t& time) {
+TagContainer ReadConfigIn(const Nox::DiskFolder& folder, int64_t& time) {
   for (const std::string_view wanted : {kConfigChump, kConfigText}) {
     const std::string_view name = folder.FindFile(wanted);
-    const auto content = name.empty() ? std::nullopt : folder.Read(name);
+    const auto content = name.empty() ? std::nullopt : folder.Read(name, kMaxConfig);
     if (!content) continue;
     TagContainer config = wanted == kConfigText ? ParseConfigText(*content) : ParseConfigChump(*content);
     if (config.IsEmpty()) continue;
@@ -58,7 +58,7 @@ TagContainer ReadConfigIn(const DiskFolder& folder, int64_t& time) {
 }
 
 void ReadFromDisk(const std::string& path, AssetFolderKind kind, FoundAsset& found) {
-  DiskFolder folder;
+  Nox::DiskFolder folder;
   if (!folder.Open(path)) return;
   found.config = ReadConfigIn(folder, found.configTime);
   if (found.config.IsEmpty() || kind == AssetFolderKind::kBuiltIn) return;

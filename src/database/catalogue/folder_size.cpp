@@ -6,8 +6,8 @@
 
 #include "database/catalogue/asset_info.h"
 #include "database/catalogue/asset_location.h"
-#include "database/catalogue/disk_folder.h"
 #include "database/catalogue/pack_table.h"
+#include "engine/disk_folder.h"
 #include "engine/find.h"
 #include "engine/name_lookup.h"
 #include "engine/path.h"
@@ -41,7 +41,7 @@ uint64_t FolderSizeOnDisk(std::string_view path) {
   while (!waiting.empty()) {
     const std::string next = std::move(waiting.back());
     waiting.pop_back();
-    DiskFolder folder;
+    Nox::DiskFolder folder;
     if (!folder.Open(next)) continue;
     total += folder.AddUpFiles();
     for (const std::string& name : folder.Folders())

@@ -54,11 +54,9 @@ void AppendIndexString(std::string& out, std::string_view text) {
 }
 
 void AppendIndexKuid(std::string& out, const KUID& kuid) {
-  uint32_t word = 0;
-  int32_t content = 0;
-  kuid.Pack(word, content);
-  Writer(out).I32(content);
-  Writer(out).U32(word);
+  const size_t at = out.size();
+  out.resize(at + KUID::kBinarySize);
+  PutIndexKuid(reinterpret_cast<uint8_t*>(out.data() + at), kuid);
 }
 
 bool ReadAuthors(Nox::ByteReader& in, std::vector<AuthorTable::Entry>& entries) {

@@ -28,14 +28,6 @@ uint8_t* PutU64(uint8_t* at, uint64_t value) {
   return PutU32(at, static_cast<uint32_t>(value >> 32));
 }
 
-uint8_t* PutKuid(uint8_t* at, const KUID& kuid) {
-  uint32_t word = 0;
-  int32_t content = 0;
-  kuid.Pack(word, content);
-  at = PutU32(at, static_cast<uint32_t>(content));
-  return PutU32(at, word);
-}
-
 std::string_view TextOf(const uint8_t* bytes, uint32_t count) {
   if (count == 0 || count > kMaxIndexString) return {};
   const void* end = std::memchr(bytes, 0, count);
@@ -93,6 +85,14 @@ KUID ReadIndexKuid(Nox::ByteReader& in) {
   return in.Failed() ? KUID() : KuidAt(bytes.data());
 }
 
+uint8_t* PutIndexKuid(uint8_t* at, const KUID& kuid) {
+  uint32_t word = 0;
+  int32_t content = 0;
+  kuid.Pack(word, content);
+  at = PutU32(at, static_cast<uint32_t>(content));
+  return PutU32(at, word);
+}
+
 size_t IndexStringSize(std::string_view text) {
   return text.empty() || text.size() >= kMaxIndexString ? 4 : 4 + text.size() + 1;
 }
@@ -124,7 +124,7 @@ FixedPart DecodeFixed(const uint8_t* bytes) {
 }
 
 void EncodeFixed(const FixedPart& fixed, uint8_t* bytes) {
-  uint8_t* at = PutKuid(bytes, fixed.numbers.mapKuid);
+  uint8_t* at = PutIndexKuid(bytes, fixed.numbers.mapKuid);
   at = PutBits(at, fixed.stateFlags);
   at = PutBits(at, fixed.statusFlags);
   *at++ = fixed.permitListing ? 1 : 0;

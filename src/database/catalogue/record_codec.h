@@ -16,6 +16,8 @@ namespace morvex {
 std::string_view ReadIndexString(Nox::ByteReader& in);
 KUID ReadIndexKuid(Nox::ByteReader& in);
 KUID KuidAt(const uint8_t* bytes);
+// Gives the place behind it.
+uint8_t* PutIndexKuid(uint8_t* at, const KUID& kuid);
 inline bool IsNullKuidAt(const uint8_t* bytes) {
   uint64_t words = 0;
   std::memcpy(&words, bytes, sizeof words);

@@ -11,11 +11,9 @@ namespace morvex {
 class ResultsLog;
 
 // Bits of the flags of ZEBInstallAsset.
-inline constexpr uint32_t kInstallReplace =
-    1;  // an installed asset may be replaced; it stays open for edit then
-inline constexpr uint32_t kInstallCommit =
-    2;  // finish with a commit; otherwise the asset stays open for edit
-inline constexpr uint32_t kInstallToPack = 4;  // that commit turns it into a pack asset, its files unchecked
+inline constexpr uint32_t kInstallReplace = 1;  // also over an installed asset, which stays open for edit then
+inline constexpr uint32_t kInstallCommit = 2;   // finish with a commit; else the asset stays open for edit
+inline constexpr uint32_t kInstallToPack = 4;   // that commit turns it into a pack asset, its files unchecked
 
 // Installs one asset out of a package. `resultKuid` becomes its KUID, or the null KUID on failure, about which `log`
 // is told. `outFlag` is that of ZEBCommitAssetEdits.

@@ -1,7 +1,6 @@
-#include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -16,6 +15,7 @@
 #include "engine/file.h"
 #include "engine/find.h"
 #include "engine/path.h"
+#include "engine/real_path.h"
 #include "packages/folder_copy.h"
 #include "tagdata/disk.h"
 #include "tagdata/temporary_path.h"
@@ -121,16 +121,15 @@ class AssetSearch {
 
   // Links can lead to a folder again and again, and for ever; it is walked once.
   bool IsNew(const std::string& path) {
-    std::error_code error;
-    std::filesystem::path real = std::filesystem::canonical(path, error);
-    return error || walked_.insert(std::move(real)).second;
+    std::string real = Nox::RealPath(path);
+    return real.empty() || walked_.insert(std::move(real)).second;
   }
 
   ResultsLog* const log_;
   uint8_t* const outFlag_;
   const std::atomic<uint8_t>* const cancelFlag_;
   std::vector<OpenFolder> open_;
-  std::set<std::filesystem::path> walked_;
+  std::unordered_set<std::string> walked_;
   size_t found_ = 0;
 };
 

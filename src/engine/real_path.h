@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace morvex {
+namespace Nox {
 
 // Where a path of the host leads once all links are followed; empty if it leads nowhere.
 [[nodiscard]] std::string RealPath(std::string_view path);
@@ -11,4 +11,4 @@ namespace morvex {
 // True if one real path is another or lies below it. Nothing lies in the empty one.
 [[nodiscard]] bool IsWithin(std::string_view realFolder, std::string_view real);
 
-}  // namespace morvex
+}  // namespace Nox

@@ -1,11 +1,11 @@
-#include "packages/real_path.h"
+#include "engine/real_path.h"
 
 #include <filesystem>
 #include <system_error>
 
 #include "engine/path.h"
 
-namespace morvex {
+namespace Nox {
 
 std::string RealPath(std::string_view path) {
   std::error_code failed;
@@ -15,7 +15,7 @@ std::string RealPath(std::string_view path) {
 
 bool IsWithin(std::string_view realFolder, std::string_view real) {
   if (realFolder.empty()) return false;
-  return real == realFolder || Nox::Path::IsBelow(realFolder, real);
+  return real == realFolder || Path::IsBelow(realFolder, real);
 }
 
-}  // namespace morvex
+}  // namespace Nox
