@@ -6,6 +6,7 @@
 #include "database/catalogue/pack_table.h"
 #include "database/catalogue/temporary_folders.h"
 #include "tests/catalogue/installation.h"
+#include "tests/engine/zip_maker.h"
 
 namespace morvex::test {
 namespace {
@@ -39,6 +40,27 @@ TEST(RebuildTest, FindsTheAssetsOfAllFolders) {
   EXPECT_EQ(Copies("<kuid:1:2>"), "eLp");
   EXPECT_EQ(Record("<kuid:1:3>").Username(), "upper") << "named after its folder";
   EXPECT_EQ(ZEBAssetCache::Instance().Count(), 5U);
+}
+
+TEST(RebuildTest, FindsTheAssetsOfArchives) {
+  Installation place;
+  place.AddAsset("local/rock", "<kuid:-1:11>", "My rock");
+  place.Write("world/readme.txt", "neither folder nor archive");
+  place.Write("world/broken.ja", "no archive");
+  ASSERT_TRUE(PutZip(place.Path("world/Alps.JA"),
+                     {{"group/rock/config.txt", "kuid <kuid:-1:11>\nusername \"Rock\"\n"},
+                      {"group/rock/rock.im", "mesh"},
+                      {"group/tree/Config.Txt", "kuid <kuid:-1:12>\nusername \"Tree\"\n"},
+                      {"../outside/up/config.txt", "kuid <kuid:-1:13>\n"},
+                      {"config.txt", "kuid <kuid:-1:14>\n"}}));
+  place.Start();
+  EXPECT_EQ(ViewText(), "-1:11 -1:12");
+  EXPECT_EQ(Copies("<kuid:-1:11>"), "eLP");
+  EXPECT_EQ(Record("<kuid:-1:12>").PackName(), "world/alps");
+  EXPECT_EQ(Record("<kuid:-1:12>").PackPath(), "group/tree");
+  EXPECT_EQ(ZEBGetAssetConfig(Parse("<kuid:-1:12>")).GetText(Nox::PString("username")), "Tree");
+  place.Restart();
+  EXPECT_EQ(Copies("<kuid:-1:12>"), "elP") << "from the index, with the archive closed in between";
 }
 
 TEST(RebuildTest, FillsARecordFromItsConfiguration) {

@@ -98,6 +98,30 @@ TEST_F(OperationsTest, CommitFlagsAndPermissions) {
   EXPECT_EQ(Said(), "3 commit_perm <kuid:100:200>\n3 edit_perm <kuid:100:200>\n");
 }
 
+TEST_F(OperationsTest, FoldersThatCannotBeMadeAreNamedAndNothingIsLost) {
+  MakeCommitted(kAsset);
+  WriteSource("source", kOther);
+  InstallFolder("source");
+  ZEBAssetHandle stale = ZEBOpenAsset(kAsset, true, nullptr);
+  ZEBRevertAssetEdits(ZEBOpenAsset(kAsset, false, nullptr));
+  EXPECT_FALSE(ZEBCommitAssetEdits(stale, 0, &log_, nullptr)) << "closed meanwhile through another handle";
+
+  std::filesystem::rename(At("local"), At("kept"));
+  Write("local", "a file in the way");
+  EXPECT_FALSE(Commit(kOther));
+  std::filesystem::remove(At("local"));
+  std::filesystem::rename(At("kept"), At("local"));
+  EXPECT_TRUE(Commit(kOther));
+
+  std::filesystem::remove(At("editing"));
+  Write("editing", "a file in the way");
+  EXPECT_TRUE(ZEBOpenAsset(kAsset, true, &log_).IsEmpty());
+  EXPECT_EQ(Said(),
+            "4 installed <kuid:100:201>\n3 commit_open_for_edit <kuid:100:200>\n"
+            "3 commit_database_error <kuid:100:201>\n3 open_file_error <kuid:100:200>\n");
+  EXPECT_EQ(State(kAsset) + State(kOther), "local local ");
+}
+
 TEST_F(OperationsTest, EditRefusesWhatAPackageCouldNotHold) {
   MakeCommitted(kAsset);
   for (const char* name : {"notes.doc", "~a.txt", "MESH.IM"}) {

@@ -103,6 +103,15 @@ TEST_F(OperationsTest, ReplacingRules) {
             "2 skipping_built_in <kuid:100:200>\n2 skipping_dls_item <kuid:100:200>\n");
 }
 
+TEST_F(OperationsTest, NothingIsRemovedBehindALinkThatLeadsOut) {
+  ScratchFolder outside;
+  std::filesystem::remove(At("editing"));
+  std::filesystem::create_directory_symlink(outside.path(), At("editing"));
+  WriteSource("new", kAsset);
+  EXPECT_EQ(InstallFolder("new"), 1U);
+  EXPECT_EQ(Said(), "3 overwrite_error <kuid:100:200>\n");
+}
+
 TEST_F(OperationsTest, FoldersAreSearchedDownToTheFirstConfiguration) {
   WriteSource("tree/one", kAsset);
   WriteSource("tree/one/inner", KUID(100, 202, 0));  // no asset of its own
