@@ -51,7 +51,8 @@ std::string_view DiskFolder::FindFile(std::string_view name) const {
 }
 
 std::optional<std::string> DiskFolder::Read(std::string_view name, std::size_t limit) const {
-  const UniqueHandle file(openat(handle_.Get(), std::string(name).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  const UniqueHandle file(
+      openat(handle_.Get(), std::string(name).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file || !IsRegular(file.Get())) return std::nullopt;
   const std::uint64_t size = SizeOfHandle(file.Get());
   if (size > limit) return std::nullopt;

@@ -37,7 +37,8 @@ class OperationsTest : public testing::Test {
         "edit_perm copy_file_error not_committed commit_perm commit_open_for_edit commit_missing_config "
         "commit_duplicate_config commit_invalid_files commit_file_error unreadable_cdp unable_read_config_at "
         "skipping_asset_at already_installed skipping_open_for_edit skipping_built_in skipping_dls_item "
-        "write_error open_file_error commit_database_error overwrite_error failed_install installed clone_perm "
+        "write_error open_file_error commit_database_error overwrite_error failed_install installed "
+        "clone_perm "
         "not_local_owner asset_out_of_date unable_to_open unable_read_files already_open_for_edit "
         "package_file_bad_ext package_file_bad_name");
     while (keys >> key)
