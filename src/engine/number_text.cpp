@@ -11,8 +11,13 @@
 namespace Nox {
 namespace {
 
+// The value of a decimal digit; 10 or more for any other byte.
+unsigned DigitOf(char c) {
+  return static_cast<unsigned char>(c - '0');
+}
+
 bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
+  return DigitOf(c) < 10;
 }
 
 void SkipBlanks(std::string_view& text) {
@@ -30,13 +35,18 @@ bool TakeSign(std::string_view& text) {
 
 // Takes decimal digits off the text; their value, at most `limit`. False without a digit.
 bool TakeDigits(std::string_view& text, std::uint64_t limit, std::uint64_t& value) {
-  if (text.empty() || !IsDigit(text.front())) return false;
-  value = 0;
-  while (!text.empty() && IsDigit(text.front())) {
-    if (value <= limit) value = value * 10 + static_cast<std::uint64_t>(text.front() - '0');
-    text.remove_prefix(1);
+  constexpr std::size_t kAlwaysFits = 18;  // so many digits in 64 bits
+  std::uint64_t number = 0;
+  std::size_t length = 0;
+  const std::size_t easy = std::min(text.size(), kAlwaysFits);
+  while (length < easy && IsDigit(text[length]))
+    number = number * 10 + DigitOf(text[length++]);
+  if (length == 0) return false;
+  for (; length < text.size() && IsDigit(text[length]); ++length) {
+    if (number <= limit) number = number * 10 + DigitOf(text[length]);
   }
-  if (value > limit) value = limit;
+  value = std::min(number, limit);
+  text.remove_prefix(length);
   return true;
 }
 

@@ -27,6 +27,11 @@ uint64_t MarkOf(std::string_view name) {
   return mark;
 }
 
+// The bit of a mark: a name whose bit isn't set is new.
+uint64_t BitOf(uint64_t mark) {
+  return uint64_t{1} << (mark * 0x9E3779B97F4A7C15u >> 58);
+}
+
 // For the table, of all bytes: whoever writes a text can choose names of one mark.
 uint32_t HashOf(std::string_view name) {
   return static_cast<uint32_t>(std::hash<std::string_view>()(name));
@@ -44,7 +49,8 @@ bool LevelNames::IsNamed(const Entry& entry, uint64_t mark, std::string_view nam
 }
 
 LevelNames::Entry* LevelNames::Find(uint64_t mark, std::string_view name) {
-  Level& level = levels_.back();
+  const Level& level = levels_.back();
+  if ((level.bits & BitOf(mark)) == 0) return nullptr;
   if (level.table != nullptr) {
     const auto same = [&](uint32_t at) { return IsNamed(entries_[at], mark, name); };
     const uint32_t place = level.table->Find(HashOf(name), same);
@@ -59,6 +65,7 @@ LevelNames::Entry* LevelNames::Find(uint64_t mark, std::string_view name) {
 void LevelNames::Add(const Entry& entry) {
   Level& level = levels_.back();
   size_t from = entries_.size();
+  level.bits |= BitOf(entry.mark);
   entries_.push_back(entry);
   if (level.table == nullptr) {
     if (entries_.size() - level.first <= kTableFrom) return;

@@ -22,7 +22,7 @@ class LevelNames {
   // Looks at the chunks that were written.
   explicit LevelNames(const ChunkWriter& body) : body_(body) { Open(); }
 
-  void Open() { levels_.push_back({entries_.size(), nullptr}); }
+  void Open() { levels_.push_back({entries_.size(), 0, nullptr}); }
   void Close();
 
   // Notes that the chunk of this name lies at `chunk` (kNone: that there is none any more). Returns where the
@@ -37,6 +37,7 @@ class LevelNames {
   };
   struct Level {
     size_t first;                       // of its entries
+    uint64_t bits;                      // one for the mark of each of its names
     std::unique_ptr<PlaceTable> table;  // once there are many
   };
 
