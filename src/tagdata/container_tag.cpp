@@ -40,7 +40,7 @@ TDBContainerTag::~TDBContainerTag() {
 size_t TDBContainerTag::Locate(const Nox::PString& name) const {
   if (index_ != nullptr) {
     const uint32_t place =
-        index_->Find(HashOf(name), [&](uint32_t at) { return children_[at].name == name; });
+        index_->firsts.Find(HashOf(name), [&](uint32_t at) { return children_[at].name == name; });
     return place == PlaceTable::kNone ? kNone : place;
   }
   for (size_t i = 0; i < children_.size(); ++i) {
@@ -131,6 +131,7 @@ void TDBContainerTag::TakeOut(size_t place) {
     children_.erase(children_.begin() + static_cast<ptrdiff_t>(place));
     return;
   }
+  if (Locate(children_[place].name) != place) return CloseHoles();  // a later twin
   Forget(place);
   Cursor at = cursor_.load(std::memory_order_relaxed);
   if (place < at.place) --at.index;
@@ -141,16 +142,16 @@ void TDBContainerTag::TakeOut(size_t place) {
   if (children_.size() > 2 * count_ + kIndexFrom) CloseHoles();
 }
 
-// Takes a place, just emptied, out of the index; the next child of its name becomes the first.
+// Takes the first place of a name, just emptied, out of the index; the next child of that name becomes the first.
 void TDBContainerTag::Forget(size_t place) {
-  const Nox::PString name = children_[place].name;
-  if (Locate(name) != place) return;
-  index_->Remove(HashOf(name), static_cast<uint32_t>(place));
-  for (size_t next = place + 1; repeated_ && next < children_.size(); ++next) {
-    if (children_[next].name != name || !children_[next].chunk) continue;
-    index_->Add(HashOf(name), static_cast<uint32_t>(next));
-    return;
-  }
+  const auto at = static_cast<uint32_t>(place);
+  const uint32_t hash = HashOf(children_[place].name);
+  index_->firsts.Remove(hash, at);
+  const auto last = index_->lastTwin.extract(at);
+  const auto next = index_->nextTwin.extract(at);
+  if (next.empty()) return;
+  index_->firsts.Add(hash, next.mapped());
+  index_->lastTwin.emplace(next.mapped(), last.mapped());
 }
 
 void TDBContainerTag::CloseHoles() {
@@ -161,19 +162,20 @@ void TDBContainerTag::CloseHoles() {
 }
 
 void TDBContainerTag::BuildIndex() {
-  index_ = std::make_unique<PlaceTable>(children_.size());
-  repeated_ = false;
+  index_ = std::make_unique<Index>(children_.size());
   for (size_t i = 0; i < children_.size(); ++i)
     AddToIndex(i);
 }
 
 void TDBContainerTag::AddToIndex(size_t place) {
   const Nox::PString name = children_[place].name;
-  if (Locate(name) == kNone) {
-    index_->Add(HashOf(name), static_cast<uint32_t>(place));
-  } else {
-    repeated_ = true;
-  }
+  const auto at = static_cast<uint32_t>(place);
+  const size_t found = Locate(name);
+  if (found == kNone) return index_->firsts.Add(HashOf(name), at);
+  const auto first = static_cast<uint32_t>(found);
+  uint32_t& last = index_->lastTwin.try_emplace(first, first).first->second;
+  index_->nextTwin[last] = at;
+  last = at;
 }
 
 ChunkRef TDBContainerTag::Create(ChunkKind kind, const Raw& data) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "tagdata/acs_chunk.h"
@@ -48,6 +49,15 @@ class TDBContainerTag final : public ACSChunk {
     uint32_t place = 0;
   };
 
+  // Where names stand in the list of children.
+  struct Index {
+    explicit Index(size_t expected) : firsts(expected) {}
+
+    PlaceTable firsts;                                // the first child of each name
+    std::unordered_map<uint32_t, uint32_t> nextTwin;  // from a child to the next one of its name
+    std::unordered_map<uint32_t, uint32_t> lastTwin;  // from the first child of a name to the last one
+  };
+
   static constexpr size_t kFirstCapacity = 8;
   static constexpr size_t kIndexFrom = 24;
   static constexpr size_t kNone = static_cast<size_t>(-1);
@@ -65,8 +75,7 @@ class TDBContainerTag final : public ACSChunk {
   uint32_t count_ = 0;  // children, not counting holes
   // Only in a big container, and only there holes are left: they are closed many at once, so that taking out
   // a child costs the same however many there are.
-  std::unique_ptr<PlaceTable> index_;   // the first child of each name
-  bool repeated_ = false;               // some name occurred twice
+  std::unique_ptr<Index> index_;
   mutable std::atomic<Cursor> cursor_;  // where the last look-up by number ended
 };
 

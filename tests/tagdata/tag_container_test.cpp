@@ -127,6 +127,51 @@ TEST(ContainerTag, AgreesWithAPlainList) {
   }
 }
 
+// The same with names that stand several times, added at the end and taken out by name and by chunk.
+TEST(ContainerTag, AgreesWithAPlainListOfTwins) {
+  std::mt19937 random(7);
+  TDBContainerTag soup;
+  std::vector<std::pair<Nox::PString, ChunkRef>> list;
+  for (int step = 0; step < 20000; ++step) {
+    const Nox::PString name("n" + std::to_string(random() % 20));
+    const auto first =
+        std::find_if(list.begin(), list.end(), [&](const auto& pair) { return pair.first == name; });
+    const uint32_t act = random() % 16;
+    if (act < (step < 12000 ? 9 : 6)) {
+      list.emplace_back(name, TDBDataTag::Make(ChunkKind::kInt, &step, sizeof step));
+      soup.AddChild(name, list.back().second);
+    } else if (act < 15 && first != list.end()) {
+      soup.RemoveNamed(name);
+      list.erase(first);
+    } else if (!list.empty()) {
+      const auto any = list.begin() + static_cast<ptrdiff_t>(random() % list.size());
+      soup.RemoveChild(any->second.Get());
+      list.erase(any);
+    }
+    ASSERT_EQ(soup.GetChildCount(), list.size());
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&](const auto& pair) { return pair.first == name; });
+    ASSERT_EQ(soup.GetChunk(name), found == list.end() ? NullChunk() : found->second) << step;
+    if (list.empty()) continue;
+    const size_t at = random() % list.size();
+    ASSERT_EQ(soup.GetChildName(static_cast<uint32_t>(at)), list[at].first) << step;
+  }
+}
+
+TEST(ContainerTag, StaysQuickWhenAllAreTwins) {
+  TDBContainerTag soup;
+  std::vector<Nox::PString> names;
+  for (int i = 0; i < 100000; ++i)
+    names.emplace_back("big" + std::to_string(i));
+  for (int round = 0; round < 2; ++round) {
+    for (const Nox::PString name : names)
+      soup.AddChild(name, TDBDataTag::Make());
+  }
+  for (const Nox::PString name : names)
+    soup.RemoveNamed(name);
+  EXPECT_EQ(soup.GetChildCount(), names.size());
+}
+
 TEST(ContainerTag, StaysQuickWhenItIsBig) {
   TagContainer soup;
   std::vector<Nox::PString> names;
