@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "engine/location.h"
@@ -19,5 +20,7 @@ struct TextureText {
 // A file that can't be read says nothing. Of several lines for one of them the last counts; a line is read
 // up to 512 bytes, and goes on as a line of its own.
 [[nodiscard]] TextureText ReadTextureText(LocationView file);
+// What the first line for the image says; none if there is no such line. A mesh's textures are looked for by it.
+[[nodiscard]] std::optional<std::string> ReadPrimaryImage(LocationView file);
 
 }  // namespace Nox
