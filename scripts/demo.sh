@@ -41,7 +41,7 @@ echo "== The first installation: assets from folders"
 run $first version
 mkdir downloads
 cp -r "$samples"/*/ downloads
-rm -r downloads/faulty
+rm -r downloads/faulty downloads/make_meshes
 run $first installfrompath "$demo/downloads"
 run $first status "$loco"
 for config in downloads/*/config.txt; do

@@ -27,7 +27,8 @@ class LibraryValidatorTest : public OperationsTest {
   bool HasErrors(const std::string& tags) {
     const KUID kuid(100, ++lastId_, 0);
     const std::string folder = "source" + std::to_string(lastId_);
-    Write(folder + "/config.txt", "kuid " + kuid.TagText() + "\nkind \"scenery\"\nusername \"a\"\n" + tags);
+    Write(folder + "/config.txt",
+          "kuid " + kuid.TagText() + "\nkind \"scenery\"\nusername \"a\"\nmorvex-build 2.7\n" + tags);
     EXPECT_TRUE(InstallFolder(folder) == 1 && Commit(kuid)) << Said();
     return Record(kuid)->Has(AssetFlag::kHasErrors);
   }

@@ -14,6 +14,7 @@ thing {
   inherit { base { } }
   subpossibilities {
     kind { kind "value" type "string" }
+    morvex-build { kind "value" type "float" }
     username { kind "value" type "string" compulsory "1" }
     description { kind "value" type "string" }
     must { kind "value" type "string" compulsory "1" default "parent" }
@@ -60,8 +61,9 @@ class ContainerTest : public QelTest {
 
   std::string TreeOf(const Container& node) {
     std::string text = node.kindName.Text() + "(";
-    for (const auto& tag : node.tags)
-      text += tag->name.Text() + "=" + tag->value + " ";
+    for (const auto& tag : node.tags) {
+      if (tag->name != "morvex-build") text += tag->name.Text() + "=" + tag->value + " ";
+    }
     for (const auto& child : node.children)
       text += child->name.Text() + ":" + TreeOf(*child) + " ";
     return text + ")";
@@ -69,7 +71,7 @@ class ContainerTest : public QelTest {
   // The tree of a configuration, and what was found on the way.
   std::string Fill(const std::string& text) {
     morvex::TagContainer config;
-    morvex::ParseSoupText(config, text, true);
+    morvex::ParseSoupText(config, "morvex-build 2.7\n" + text, true);
     return Fill(std::move(config));
   }
   std::string Fill(morvex::TagContainer config) {
@@ -165,6 +167,7 @@ TEST_F(ContainerTest, ChoosesTheDefinitionOfAKind) {
 TEST_F(ContainerTest, WalksBothOfTwins) {
   morvex::ChunkWriter writer;
   writer.String("kind", "thing");
+  writer.String("morvex-build", "2.7");
   writer.String("username", "u");
   for (const char* kind : {"steel", "wood"}) {
     writer.BeginContainer("wheels");
@@ -193,7 +196,8 @@ TEST_F(ContainerTest, DepthHasAnEnd) {
     config = std::move(outer);
   }
   config.SetString(Nox::PString("kind"), "thing");
-  EXPECT_TRUE(Fill(config).ends_with("; 113 in; 107 kind thing"));
+  config.SetFloat(Nox::PString("morvex-build"), 2.7f);
+  EXPECT_TRUE(Fill(config).ends_with("; 113 in; 107 kind thing; 107 morvex-build thing"));
 }
 
 TEST_F(ContainerTest, ExportWritesTypedValuesUnderTheirSavingNames) {

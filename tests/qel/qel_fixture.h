@@ -11,9 +11,13 @@
 
 #include "database/catalogue/kuid_generator.h"
 #include "database/catalogue/pack_table.h"
+#include "engine/options.h"
+#include "engine/render_kernel.h"
 #include "frontend/messages/results_log.h"
+#include "mesh/plugins.h"
 #include "tagdata/tag_container.h"
 #include "tagdata/text_config.h"
+#include "tests/mesh/mesh_builder.h"
 #include "tests/scratch_folder.h"
 #include "validation/qel/container.h"
 #include "validation/qel/data_manager.h"
@@ -22,24 +26,18 @@
 
 namespace QELLib {
 
-// Hands out the meshes that a test made, by file name.
-class FakeMeshes : public MeshLoader {
- public:
-  std::unique_ptr<AssetMesh> Load(const Nox::Location& file, const Container&) override {
-    const auto found = meshes.find(std::filesystem::path(file.path).filename().string());
-    return found == meshes.end() ? nullptr : std::make_unique<Mesh>(found->second);
-  }
-  bool IsAnimation(const Nox::Location& file) override { return file.path.ends_with("good.kin"); }
+// An .im without parts that has these attachment points.
+inline std::string MeshWith(const std::vector<std::string>& attachments) {
+  return mesh_builder::Im({}, mesh_builder::Attachments(attachments));
+}
 
-  std::map<std::string, std::vector<std::string>> meshes;  // attachments by file name
-
- private:
-  struct Mesh : AssetMesh {
-    explicit Mesh(std::vector<std::string> attachments) : names(std::move(attachments)) {}
-    const std::vector<std::string>& AttachmentNames() const override { return names; }
-    std::vector<std::string> names;
-  };
-};
+// Entries of what every asset holds, the present build and the old ones.
+inline const std::string kCommonTags = R"(
+morvex-build { kind "value" type "float" }
+category-class { kind "value" type "string" }
+category-era { kind "value" type "string" }
+category-region { kind "value" type "string" }
+)";
 
 // A data folder with definitions of the test's own and a message table whose texts are the entries' numbers
 // and arguments, and an asset to be judged by them.
@@ -64,6 +62,8 @@ class QelTest : public testing::Test {
     Stop();
     ErrorHandler::Create();
     DataManager::Create(root_ / "bin/QELData/");
+    engine_.Init(Nox::Options("-render=OpenGL"), &NoxGetPlugins);
+    Manager().SetContext(&engine_);
   }
   void Stop() {
     DataManager::Destroy();
@@ -75,6 +75,11 @@ class QelTest : public testing::Test {
     std::filesystem::create_directories(std::filesystem::path(root_ / path).parent_path());
     std::ofstream(root_ / path, std::ios::binary) << content;
   }
+  // Meshes of the asset, with their attachment points.
+  void WriteMeshes(const std::map<std::string, std::vector<std::string>>& meshes) const {
+    for (const auto& [path, attachments] : meshes)
+      Write("local/asset/" + path, MeshWith(attachments));
+  }
   // The kinds, everything else in container.txt.
   void Define(const std::string& kinds, const std::string& containers = "") {
     Write("bin/QELData/kind.txt", kinds);
@@ -82,9 +87,11 @@ class QelTest : public testing::Test {
     Start();
   }
 
-  // "good" or "bad", then what was said: severity, entry and arguments, one line each.
+  // "good" or "bad", then what was said: severity, entry and arguments, one line each. The asset is of the present
+  // build, unless the configuration says otherwise.
   std::string Judge(const std::string& config) {
-    Write("local/asset/config.txt", config);
+    const bool saysBuild = config.find("morvex-build") != config.npos;
+    Write("local/asset/config.txt", (saysBuild ? "" : "morvex-build 2.7\n") + config);
     return JudgeFolder();
   }
   std::string JudgeFolder() {
@@ -101,6 +108,7 @@ class QelTest : public testing::Test {
   }
 
   ScratchFolder root_;
+  Nox::RenderKernel engine_;
 };
 
 }  // namespace QELLib

@@ -29,7 +29,7 @@ class ShippedDataTest : public QelTest {
 TEST_F(ShippedDataTest, SamplesAreGood) {
   size_t count = 0;
   for (const auto& entry : std::filesystem::directory_iterator(MORVEX_SAMPLES)) {
-    if (!entry.is_directory() || entry.path().filename() == "faulty") continue;
+    if (!std::filesystem::exists(entry.path() / "config.txt")) continue;
     const std::string said = JudgeSample(entry.path());
     EXPECT_TRUE(said.starts_with("good")) << entry.path().filename() << "\n" << said;
     ++count;

@@ -8,7 +8,8 @@ namespace {
 class ValidateAssetTest : public QelTest {
  protected:
   ValidateAssetTest() {
-    Define("thing\n{\ntop-level 1\nsubpossibilities\n{\nkind { kind \"value\" type \"string\" }\n}\n}\n");
+    Define("thing\n{\ntop-level 1\nsubpossibilities\n{\nkind { kind \"value\" type \"string\" }\n" +
+           kCommonTags + "}\n}\n");
   }
 };
 

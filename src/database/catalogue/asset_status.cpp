@@ -5,6 +5,18 @@
 #include "validation/categories/category_tables.h"
 
 namespace morvex {
+namespace {
+
+char Letter(char letter, bool yes) {
+  return yes ? letter : static_cast<char>(letter - 'A' + 'a');
+}
+
+}  // namespace
+
+std::string ZEBAssetStatus::Letters() const {
+  return {Letter('E', open),      Letter('I', installed),   Letter('A', archived), Letter('D', onStation),
+          Letter('L', localCopy), Letter('M', missingDeps), Letter('E', hasErrors)};
+}
 
 bool ZEBGetAssetStatus(const KUID& kuid, ZEBAssetStatus& status) {
   status = ZEBAssetStatus();

@@ -44,6 +44,10 @@ struct ZEBAssetStatus {
   uint64_t installedTime = 0;
   uint64_t modifiedTime = 0;
   bool found = false;
+
+  // The state in seven letters, a capital for yes: open for Edit, Installed, Archived, on the Download station,
+  // Locally modified, Missing dependencies, Errors.
+  std::string Letters() const;
 };
 
 // Each takes the database lock.

@@ -9,28 +9,24 @@
 #include "engine/file.h"
 #include "engine/name_lookup.h"
 #include "engine/path.h"
+#include "engine/resource_database.h"
 
 namespace morvex {
 
-class MorvexResourceDatabase {
+class MorvexResourceDatabase final : public Nox::ResourceDatabase {
  public:
   // A name that leads out of the root stays unbound.
-  MorvexResourceDatabase(Nox::PString name, std::string_view root) : name_(name) {
+  MorvexResourceDatabase(Nox::PString name, std::string_view root) : ResourceDatabase(name) {
     const std::string folder = Nox::Path::AddPath(root, name.View());
     if (!Nox::Path::IsBelow(root, folder)) return;
     const auto archive = Nox::FindExisting(folder + ".ja");
     if (archive && !Nox::File::IsFolder(*archive)) {
-      Nox::File::Subst(name_, *archive, false);
+      Nox::File::Subst(name, *archive, false);
     } else {
-      Nox::File::Subst(name_, Nox::Path::AddSlash(Nox::FindExisting(folder).value_or(folder)), true);
+      Nox::File::Subst(name, Nox::Path::AddSlash(Nox::FindExisting(folder).value_or(folder)), true);
     }
   }
-  ~MorvexResourceDatabase() { Nox::File::Subst(name_, {}, true); }
-  MorvexResourceDatabase(const MorvexResourceDatabase&) = delete;
-  MorvexResourceDatabase& operator=(const MorvexResourceDatabase&) = delete;
-
- private:
-  const Nox::PString name_;
+  ~MorvexResourceDatabase() override { Nox::File::Subst(Name(), {}, true); }
 };
 
 namespace {
@@ -88,6 +84,10 @@ void ZEBUnmountAllPacks() {
 
 PackMount::PackMount(Nox::PString name) {
   if (!name.Empty()) pack_ = ZEBMountPack(name, ZEBRoot());
+}
+
+Nox::ResourceDatabase* PackMount::Database() const {
+  return pack_;
 }
 
 }  // namespace morvex

@@ -6,10 +6,14 @@
 
 #include "engine/pstring.h"
 
+namespace Nox {
+class ResourceDatabase;
+}
+
 namespace morvex {
 
-// A pack over `<root>/<name>.ja` if there is such a file, else over the folder `<root>/<name>`. While it lives,
-// locations in the pack can be used.
+// The resources of a pack: of `<root>/<name>.ja` if there is such a file, else of the folder `<root>/<name>`.
+// While it lives, locations in the pack can be used.
 class MorvexResourceDatabase;
 
 inline constexpr size_t kMaxPacks = 256;
@@ -30,6 +34,9 @@ class PackMount {
   ~PackMount() { ZEBUnmountPack(pack_); }
   PackMount(const PackMount&) = delete;
   PackMount& operator=(const PackMount&) = delete;
+
+  // Null if nothing is mounted.
+  Nox::ResourceDatabase* Database() const;
 
  private:
   MorvexResourceDatabase* pack_ = nullptr;

@@ -20,6 +20,12 @@ LibraryValidator::~LibraryValidator() {
   QELLib::ErrorHandler::Destroy();
 }
 
+void LibraryValidator::StartMeshes(const Nox::RenderKernel& engine) {
+  QELLib::DataManager& manager = *QELLib::DataManager::Get();
+  manager.SetContext(&engine);
+  manager.RegisterMorvexBumpVertexType();
+}
+
 bool LibraryValidator::Validate(const KUID& kuid, ResultsLog& log) {
   const ZEBAssetInfo* const record = ZEBAssetCache::Instance().Find(kuid);
   if (record == nullptr) return false;

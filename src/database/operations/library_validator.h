@@ -4,6 +4,10 @@
 
 #include "database/operations/asset_validator.h"
 
+namespace Nox {
+class RenderKernel;
+}
+
 namespace morvex {
 
 // Judges commits by the validation library. Made once at start-up, before the database starts; makes the
@@ -17,6 +21,8 @@ class LibraryValidator final : public AssetValidator {
   LibraryValidator(const LibraryValidator&) = delete;
   LibraryValidator& operator=(const LibraryValidator&) = delete;
 
+  // From now on meshes are loaded with this engine, whose plug-ins must be there. It must outlive the validator.
+  void StartMeshes(const Nox::RenderKernel& engine);
   bool Validate(const KUID& kuid, ResultsLog& log) override;
 };
 

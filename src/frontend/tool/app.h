@@ -1,18 +1,15 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "database/operations/library_validator.h"
-#include "engine/options.h"
+#include "database/operations/session.h"
 
 namespace morvex {
 
 // What the start-up leaves and the tear-down consumes.
 struct AppContext {
-  std::unique_ptr<Nox::OS> os;
-  std::unique_ptr<LibraryValidator> validator;
+  InstallationSession session;
 };
 
 // Starts the engine and the database; the index loads on a thread of its own behind it. The program's folder

@@ -15,17 +15,6 @@ namespace morvex {
 
 namespace {
 
-char Flag(char letter, bool value) {
-  return value ? letter : static_cast<char>(letter - 'A' + 'a');
-}
-
-std::string FlagLetters(const KUID& kuid, const ZEBAssetStatus& status) {
-  return {Flag('E', status.open),       Flag('I', status.installed),
-          Flag('A', status.archived),   Flag('D', status.onStation),
-          Flag('L', status.localCopy),  Flag('M', ZEBHasMissingDependencies(kuid, false)),
-          Flag('E', ZEBHasErrors(kuid))};
-}
-
 // Categories are written in capitals.
 std::string UpperCase(std::string_view text) {
   std::string upper(text);
@@ -44,8 +33,8 @@ bool CommandStatus(const CommandCall& call) {
   if (!ZEBGetAssetStatus(kuid, status)) {
     return Refuse("-Could not retrieve the asset for for the kuid: " + call.Argument());
   }
-  std::cout << "+ " << kuid.TagText() << " : " << FlagLetters(kuid, status) << " : " << status.category
-            << " : " << status.name << '\n';
+  std::cout << "+ " << kuid.TagText() << " : " << status.Letters() << " : " << status.category << " : "
+            << status.name << '\n';
   return true;
 }
 

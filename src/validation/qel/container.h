@@ -7,10 +7,13 @@
 
 #include "engine/pstring.h"
 #include "tagdata/tag_container.h"
-#include "validation/qel/mesh_loader.h"
 #include "validation/qel/rules.h"
 #include "validation/qel/tag.h"
 #include "validation/qel/tag_list.h"
+
+namespace morvex {
+class MeshData;
+}
 
 namespace QELLib {
 
@@ -112,7 +115,7 @@ class Container {
   std::vector<ContainerRule> rules;
   std::vector<TagContainer> ruleArguments;  // one for each rule
   std::vector<Nox::PString> inherited;
-  AssetMesh* mesh = nullptr;  // owned by the DataManager
+  morvex::MeshData* mesh = nullptr;  // owned by the DataManager
   TagContainer extensions;
 
  private:

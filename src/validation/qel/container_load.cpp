@@ -4,6 +4,7 @@
 #include "tagdata/container_tag.h"
 #include "validation/qel/container.h"
 #include "validation/qel/data_manager.h"
+#include "validation/qel/legacy_upgrade.h"
 #include "validation/qel/names.h"
 #include "validation/qel/normalise_config.h"
 #include "validation/qel/report.h"
@@ -16,7 +17,6 @@ constexpr float kDefaultBuild = 1.3f;
 constexpr float kFlat = 0.001f;       // a bridge this high or low is neither bridge nor tunnel
 constexpr size_t kMaxKindName = 254;  // no definition has a longer name
 
-const Nox::PString kHeight("height");
 const Nox::PString kChunkyMesh("chunky_mesh");
 const Nox::PString kUnitMesh("unit_mesh");
 const Nox::PString kTrackside("trackside");
@@ -49,6 +49,7 @@ bool Container::Load(TagContainer& config) {
   manager.build = config.GetFloat(kMorvexBuild, kDefaultBuild);
   if (dynamic_cast<const morvex::TDBContainerTag*>(config.Chunk()) == nullptr) config = TakeAsTree(config);
   NormaliseConfig(config);
+  if (manager.build < kFirstPresentBuild) UpgradeLegacyConfig(config);
   if (config.GetText(kKind).empty()) {
     ReportError(kEntryNoKind);
     return false;

@@ -47,8 +47,8 @@ void DataManager::Destroy() {
 
 DataManager::~DataManager() = default;
 
-void DataManager::SetContext(void* engineContext) {
-  context_ = engineContext;
+void DataManager::SetContext(const Nox::RenderKernel* engine) {
+  engine_ = engine;
 }
 
 void DataManager::OnMeshChanged() {}
@@ -106,21 +106,26 @@ bool DataManager::IsNewFormKind(const TagContainer& config) {
 }
 
 void DataManager::SetAsset(std::string_view packName, std::string_view path) {
-  pack_.reset();
+  ReleaseAsset();
   packName_ = packName;
   assetPath_ = path;
   assetLocation_ = {Nox::PString(packName), std::string(path)};
-  if (!packName.empty()) {
-    pack_.emplace(assetLocation_.pack);
-    return;
+  if (packName.empty()) {
+    const std::string root = Nox::Path::Normalize(morvex::ZEBRoot());
+    const std::string whole = Nox::Path::Normalize(path);
+    if (!Nox::Path::IsBelow(root, whole)) return;
+    const std::string below = whole.substr(Nox::Path::AddSlash(root).size());
+    const size_t end = below.find(Nox::Path::kSeparator);
+    packName_ = below.substr(0, end);
+    assetPath_ = end == below.npos ? "" : below.substr(end + 1);
   }
-  const std::string root = Nox::Path::Normalize(morvex::ZEBRoot());
-  const std::string whole = Nox::Path::Normalize(path);
-  if (!Nox::Path::IsBelow(root, whole)) return;
-  const std::string below = whole.substr(Nox::Path::AddSlash(root).size());
-  const size_t end = below.find(Nox::Path::kSeparator);
-  packName_ = below.substr(0, end);
-  assetPath_ = end == below.npos ? "" : below.substr(end + 1);
+  pack_.emplace(Nox::PString(packName_));
+  if (pack_->Database() != nullptr) resources_ = pack_->Database();
+}
+
+void DataManager::ReleaseAsset() {
+  resources_ = &hostFiles_;
+  pack_.reset();
 }
 
 std::string DataManager::GetPackRoot() const {

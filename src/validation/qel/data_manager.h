@@ -11,14 +11,23 @@
 #include "database/catalogue/pack_table.h"
 #include "engine/location.h"
 #include "engine/pstring.h"
+#include "engine/resource_database.h"
+#include "mesh/mesh_data.h"
+#include "mesh/mesh_reporter.h"
 #include "tagdata/tag_container.h"
 #include "validation/qel/definitions.h"
 #include "validation/qel/line_table.h"
-#include "validation/qel/mesh_loader.h"
 #include "validation/qel/message_entries.h"
 #include "validation/qel/personal_details.h"
 
+namespace Nox {
+class RenderKernel;
+}
+
 namespace QELLib {
+
+class Container;
+class Tag;
 
 // Something that offers a value under a source's name: a tag its value, a container its name. Not owned.
 class SourceEntry {
@@ -55,8 +64,8 @@ class DataManager {
   DataManager& operator=(const DataManager&) = delete;
   virtual ~DataManager();
 
-  // The engine's context, kept for hosts that show meshes.
-  virtual void SetContext(void* engineContext);
+  // The engine that meshes are loaded with; not owned. Without one they get null materials.
+  virtual void SetContext(const Nox::RenderKernel* engine);
   // These five are for hosts that watch; nothing happens here.
   virtual void OnMeshChanged();
   virtual void AddSourceUser(Nox::PString source, const Tag& tag);
@@ -84,9 +93,10 @@ class DataManager {
   bool IsNewFormKind(const TagContainer& config);
 
   // The asset's folder: a path in a pack, or with no pack a path of the disk, whose first component below the
-  // root then counts as the pack. The pack stays mounted until ReleaseAsset or the next call.
+  // root then counts as the pack. The pack stays mounted until ReleaseAsset or the next call; meshes must be
+  // gone by then.
   void SetAsset(std::string_view packName, std::string_view path);
-  void ReleaseAsset() { pack_.reset(); }
+  void ReleaseAsset();
   void SetConfigName(std::string_view name) { configName_ = name; }
   const std::string& ConfigName() const { return configName_; }
   // The pack's name, or the root where there is none.
@@ -94,24 +104,31 @@ class DataManager {
   const Nox::Location& AssetLocation() const { return assetLocation_; }
   const std::string& AssetPath() const { return assetPath_; }  // inside the pack
 
-  // Not owned, may be null.
-  void SetMeshLoader(MeshLoader* loader) { meshLoader_ = loader; }
-  // `path` lies in the asset's folder. Null if there is no mesh; else the manager owns it, as the one mesh of
-  // that container.
-  AssetMesh* LoadMesh(std::string_view path, Container& container);
+  // Names the vertices of the bump materials, and makes one material of each type that meshes may ask for; the
+  // log is told of those that can't be made. Once, behind SetContext and before any mesh is loaded.
+  void RegisterMorvexBumpVertexType() const;
+
+  // Loads the mesh that a file tag of a container names; `path` lies in the asset's folder. Null if there is no
+  // mesh; else the manager owns it, as the one mesh of that container. Findings are reported on the container.
+  // A file of another kind is judged, where there is something to judge, and gives no mesh.
+  morvex::MeshData* LoadMesh(std::string_view path, Container& container);
+  // A mesh of the asset's folder for the caller alone, until ReleaseAsset. Null if it can't be loaded, of which
+  // nothing is said.
+  std::unique_ptr<morvex::MeshData> PeekMesh(std::string_view path);
   // The mesh of a container and the name of its file, null if it has none.
   struct LoadedMesh {
     std::string fileName;
-    std::unique_ptr<AssetMesh> mesh;
+    std::unique_ptr<morvex::MeshReporter> reporter;
+    std::unique_ptr<morvex::MeshData> mesh;
   };
   const LoadedMesh* FindMesh(const Container* container) const;
-  AssetMesh* CurrentMesh() const { return currentMesh_; }
+  morvex::MeshData* CurrentMesh() const { return currentMesh_; }
+  // Frees the meshes with all that was loaded for them.
   void ClearMeshes();
   void RemoveMesh(const Container& container);
   // False if some mesh of the asset isn't known, so that any name may be that of an attachment: it failed to
-  // load, nobody loads meshes, or the asset takes its meshes from another one.
-  bool AttachmentsAreKnown() const { return !loadFailed && !isMeshUnread && !hasAlias; }
-  bool HasMeshLoader() const { return meshLoader_ != nullptr; }
+  // load, or the asset takes its meshes from another one.
+  bool AttachmentsAreKnown() const { return !loadFailed && !hasAlias; }
 
   void RemoveTag(const Tag& tag);
   void ClearSourceEntries(Nox::PString source);
@@ -123,15 +140,16 @@ class DataManager {
   float build = 0;
   bool hasAlias = false;
   bool loadFailed = false;
-  bool isMeshUnread = false;  // it names a mesh, and nobody loads meshes
 
  private:
   void Initialize(std::string_view dataFolder);
   void Shutdown();
   void ReadTables();
-  AssetMesh* KeepMesh(std::string_view fileName, std::unique_ptr<AssetMesh> mesh, Container& container);
+  std::string ResourceName(std::string_view path) const;  // of a path in the asset's folder
+  std::unique_ptr<morvex::MeshData> MakeMesh(std::string_view path);
+  morvex::MeshData* KeepMesh(LoadedMesh loaded, const Container& container);
 
-  void* context_ = nullptr;
+  const Nox::RenderKernel* engine_ = nullptr;
   std::string dataFolder_;
   bool hasDataFolder_ = false;
   std::string language_;
@@ -146,15 +164,16 @@ class DataManager {
   LineTables lineTables_;
   std::vector<Nox::PString> newFormKinds_;
 
+  Nox::ResourceDatabase hostFiles_{Nox::PString()};  // for an asset that lies outside of the root
   std::optional<morvex::PackMount> pack_;
+  Nox::ResourceDatabase* resources_ = &hostFiles_;  // where the asset's files are found
   std::string packName_;
   std::string assetPath_;
   std::string configName_;
   Nox::Location assetLocation_;
 
-  MeshLoader* meshLoader_ = nullptr;
   std::map<const Container*, LoadedMesh> meshes_;
-  AssetMesh* currentMesh_ = nullptr;
+  morvex::MeshData* currentMesh_ = nullptr;
 
   std::unordered_map<Nox::PString, std::vector<SourceEntry>> sourceEntries_;
   bool offersTags_ = false;  // some source entry is a tag

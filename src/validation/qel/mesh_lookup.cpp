@@ -4,51 +4,66 @@
 #include <utility>
 
 #include "engine/path.h"
-#include "engine/text.h"
-#include "validation/qel/container.h"
+#include "engine/render_kernel.h"
+#include "mesh/animation.h"
+#include "validation/qel/container_reporter.h"
 #include "validation/qel/data_manager.h"
 #include "validation/qel/report.h"
 
 namespace QELLib {
 namespace {
 
-bool NamesMesh(std::string_view path) {
-  return Nox::Path::IsExt(path, "im") || Nox::Path::IsExt(path, "lm") || Nox::Path::IsExt(path, "lm.txt");
+bool HasLevels(std::string_view path) {
+  return Nox::Path::IsExt(path, "lm") || Nox::Path::IsExt(path, "lm.txt");
 }
 
 }  // namespace
 
-AssetMesh* DataManager::LoadMesh(std::string_view path, Container& container) {
-  if (path.empty()) return nullptr;
+morvex::MeshData* DataManager::LoadMesh(std::string_view path, Container& container) {
   if (Nox::Path::IsExt(path, "pm")) {
     ReportWarning(kEntryOldMesh);
     loadFailed = true;
     return nullptr;
   }
-  if (meshLoader_ == nullptr) {
-    isMeshUnread |= NamesMesh(path);
-    return nullptr;
-  }
-  const Nox::Location file = {
-      assetLocation_.pack, Nox::Path::ReplaceForwardSlashes(Nox::Path::AddPath(assetLocation_.path, path))};
-  const std::string_view name = Nox::Path::GetFileName(path);
+  const std::string_view fileName = Nox::Path::GetFileName(path);
   if (Nox::Path::IsExt(path, "kin")) {
-    if (!meshLoader_->IsAnimation(file)) ReportError(container, kEntryAnimationUnreadable, name);
+    const bool isAnimation = morvex::ReadAnimation(resources_->FileOf(ResourceName(path))).has_value();
+    if (!isAnimation) ReportError(container, kEntryAnimationUnreadable, fileName);
     return nullptr;
   }
-  if (!NamesMesh(path)) return nullptr;
-  std::unique_ptr<AssetMesh> mesh = meshLoader_->Load(file, container);
-  if (mesh == nullptr) {
+  LoadedMesh loaded;
+  loaded.mesh = MakeMesh(path);
+  if (loaded.mesh == nullptr) return nullptr;
+  loaded.fileName = fileName;
+  loaded.reporter = std::make_unique<ContainerReporter>(container, assetPath_);
+  if (!loaded.mesh->Load(ResourceName(path), loaded.reporter.get())) {
     loadFailed = true;
     return nullptr;
   }
-  return KeepMesh(name, std::move(mesh), container);
+  return KeepMesh(std::move(loaded), container);
 }
 
-AssetMesh* DataManager::KeepMesh(std::string_view fileName, std::unique_ptr<AssetMesh> mesh,
-                                 Container& container) {
-  currentMesh_ = mesh.get();
-  meshes_[&container] = {std::string(fileName), std::move(mesh)};
+std::unique_ptr<morvex::MeshData> DataManager::PeekMesh(std::string_view path) {
+  std::unique_ptr<morvex::MeshData> mesh = MakeMesh(path);
+  const bool isLoaded = mesh != nullptr && mesh->Load(ResourceName(path), nullptr);
+  return isLoaded ? std::move(mesh) : nullptr;
+}
+
+// Null for a file that is no mesh by its name.
+std::unique_ptr<morvex::MeshData> DataManager::MakeMesh(std::string_view path) {
+  const Nox::MaterialManager* const materials = engine_ == nullptr ? nullptr : engine_->GetMaterialManager();
+  if (Nox::Path::IsExt(path, "im")) return std::make_unique<morvex::MeshData>(*resources_, materials);
+  if (HasLevels(path)) return std::make_unique<morvex::LODMeshData>(*resources_, materials);
+  return nullptr;
+}
+
+std::string DataManager::ResourceName(std::string_view path) const {
+  return Nox::Path::Normalize(Nox::Path::AddPath(assetPath_, path));
+}
+
+morvex::MeshData* DataManager::KeepMesh(LoadedMesh loaded, const Container& container) {
+  currentMesh_ = loaded.mesh.get();
+  meshes_[&container] = std::move(loaded);
   OnAttachmentUsersChanged();
   OnUniqueAttachmentUsersChanged();
   OnMeshChanged();
@@ -63,6 +78,7 @@ const DataManager::LoadedMesh* DataManager::FindMesh(const Container* container)
 void DataManager::ClearMeshes() {
   currentMesh_ = nullptr;
   meshes_.clear();
+  resources_->DumpUnusedResourcesFromCache();
 }
 
 void DataManager::RemoveMesh(const Container& container) {

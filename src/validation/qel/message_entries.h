@@ -33,7 +33,16 @@ enum MessageEntry : uint32_t {
   kEntryErrorPrefix = 125,           //
   kEntryWarningPrefix = 126,         //
   kEntryInformationPrefix = 127,     //
+  kEntryMeshNotFound = 131,          // file path
+  kEntryMeshNotLoaded = 132,         // file path
   kEntryImageMissing = 133,          // file path
+  kEntryMeshLoaded = 138,            //
+  kEntryAnimationLoaded = 139,       //
+  kEntryAnimationUnfit = 140,        // file path
+  kEntryAnimationNotLoaded = 141,    // file path
+  kEntryAnimationNotFound = 142,     // file path
+  kEntryNothingToAnimate = 143,      // file path
+  kEntryTextureRefused = 144,        // file path, mesh file name
   kEntryCacheSoup = 145,             //
   kEntryNameTwice = 149,             // name, container name
   kEntrySnapModeMissing = 151,       // tag name

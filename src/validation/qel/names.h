@@ -37,15 +37,22 @@ inline const Nox::PString kQueues("queues");
 
 // Tags of configurations
 inline const Nox::PString kAlias("alias");
+inline const Nox::PString kAssetFileName("asset-filename");
+inline const Nox::PString kAtt("att");
 inline const Nox::PString kAttParent("att-parent");
 inline const Nox::PString kCacheSoup(".cache");
 inline const Nox::PString kDescription("description");
+inline const Nox::PString kEffects("effects");
 inline const Nox::PString kExtensions("extensions");
 inline const Nox::PString kFile("file");
+inline const Nox::PString kHeight("height");
 inline const Nox::PString kLicense("license");
 inline const Nox::PString kLights("lights");
+inline const Nox::PString kMesh("mesh");
 inline const Nox::PString kMorvexBuild("morvex-build");
+inline const Nox::PString kName("name");
 inline const Nox::PString kObsoleteTable("obsolete-table");
+inline const Nox::PString kRegion("region");
 inline const Nox::PString kScript("script");
 inline const Nox::PString kSmoke("smoke");
 inline const Nox::PString kStringTable("string-table");

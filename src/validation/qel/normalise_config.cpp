@@ -12,9 +12,6 @@ namespace {
 
 using morvex::TagContainer;
 
-const Nox::PString kName("name");
-const Nox::PString kAssetFileName("asset-filename");
-const Nox::PString kRegion("region");
 const Nox::PString kCategoryRegion("category-region");
 const Nox::PString kCategoryEra("category-era");
 

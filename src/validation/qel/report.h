@@ -32,6 +32,13 @@ void ReportError(const Container& container, MessageEntry entry, const Args&... 
 }
 
 template <typename... Args>
+void ReportWarning(const Container& container, MessageEntry entry, const Args&... args) {
+  ErrorHandler* const handler = ErrorHandler::Get();
+  if (handler != nullptr)
+    handler->WarningOnContainer(Nox::FormatText(MessageText(entry), args...), &container);
+}
+
+template <typename... Args>
 void ReportError(const Tag& tag, MessageEntry entry, const Args&... args) {
   ErrorHandler* const handler = ErrorHandler::Get();
   if (handler != nullptr) handler->ErrorOnTag(Nox::FormatText(MessageText(entry), args...), &tag);

@@ -40,10 +40,8 @@ bool DataManager::IsValueInSource(std::string_view value, Nox::PString source) c
       if (entry.Value() == value) return true;
     }
   }
-  return std::any_of(meshes_.begin(), meshes_.end(), [&](const auto& loaded) {
-    const std::vector<std::string>& names = loaded.second.mesh->AttachmentNames();
-    return std::find(names.begin(), names.end(), value) != names.end();
-  });
+  return std::any_of(meshes_.begin(), meshes_.end(),
+                     [&](const auto& loaded) { return loaded.second.mesh->HasAttachment(value); });
 }
 
 void DataManager::RemoveTag(const Tag& tag) {

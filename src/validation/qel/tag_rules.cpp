@@ -98,12 +98,9 @@ bool NotOwnParent(const Tag& tag, const TagContainer&) {
 }
 
 bool MustBeOwnParent(const Tag& tag, const TagContainer&) {
-  const DataManager& manager = *DataManager::Get();
-  if (!manager.HasMeshLoader()) return true;  // nothing is known of any attachment
-  const DataManager::LoadedMesh* const loaded = manager.FindMesh(Holder(tag));
+  const DataManager::LoadedMesh* const loaded = DataManager::Get()->FindMesh(Holder(tag));
   if (loaded == nullptr) return false;
-  const std::vector<std::string>& names = loaded->mesh->AttachmentNames();
-  if (std::find(names.begin(), names.end(), tag.value) != names.end()) return true;
+  if (loaded->mesh->HasAttachment(tag.value)) return true;
   ReportError(tag, kEntryNotOwnParent);
   return false;
 }

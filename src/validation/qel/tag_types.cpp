@@ -121,7 +121,7 @@ void Container::SetFileType(Tag& tag, const TagContainer& entry, Container& cont
   tag.datatype = KnownEntry(entry).datatype;
   tag.isFile = true;
   if (tag.name == kScript || tag.value.empty()) return;
-  AssetMesh* const loaded = DataManager::Get()->LoadMesh(tag.value, container);
+  morvex::MeshData* const loaded = DataManager::Get()->LoadMesh(tag.value, container);
   if (loaded != nullptr) tag.parent->mesh = loaded;
 }
 

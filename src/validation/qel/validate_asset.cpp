@@ -1,7 +1,10 @@
 #include "validation/qel/validate_asset.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "engine/file.h"
 #include "engine/path.h"
@@ -10,6 +13,7 @@
 #include "validation/qel/container.h"
 #include "validation/qel/data_manager.h"
 #include "validation/qel/error_handler.h"
+#include "validation/qel/finding.h"
 #include "validation/qel/texture_files.h"
 
 namespace QELLib {
@@ -17,12 +21,40 @@ namespace {
 
 constexpr std::string_view kConfigNames[] = {"config.txt", "config.chump"};
 
-// A record's text is final and so an argument, not the format.
-void LogRecords(morvex::ResultsLog& log) {
+using Findings = std::vector<Finding>;
+
+std::string PlaceOf(const Container* container) {
+  std::string place;
+  for (; container != nullptr && !container->isRoot; container = container->parent)
+    place = Nox::Path::AddPath(container->name, place);
+  return place;
+}
+
+Finding Describe(const ErrorRecord& record) {
+  Finding finding;
+  finding.severity = record.severity;
+  finding.text = record.text;
+  const Container* const container = record.tag != nullptr ? record.tag->parent : record.container;
+  if (record.tag != nullptr) finding.tag = record.tag->name;
+  if (container != nullptr) finding.container = container->name;
+  finding.place = Nox::Path::AddPath(PlaceOf(container), finding.tag);
+  return finding;
+}
+
+// Takes over what a stage has reported.
+void Collect(Findings& findings, bool isDropped) {
   for (const ErrorRecord& record : ErrorHandler::Get()->GetRecords()) {
-    if (record.severity == RecordSeverity::kInformation) continue;
-    const bool isError = record.severity == RecordSeverity::kError;
-    log.Add(isError ? morvex::Severity::kError : morvex::Severity::kWarning, {}, "%s", 0, record.text);
+    findings.push_back(Describe(record));
+    findings.back().dropped = isDropped || record.severity == RecordSeverity::kInformation;
+  }
+}
+
+// A finding's text is final and so an argument, not the format.
+void LogFindings(const Findings& findings, morvex::ResultsLog& log) {
+  for (const Finding& finding : findings) {
+    if (finding.dropped) continue;
+    const bool isError = finding.severity == RecordSeverity::kError;
+    log.Add(isError ? morvex::Severity::kError : morvex::Severity::kWarning, {}, "%s", 0, finding.text);
   }
 }
 
@@ -43,7 +75,6 @@ class AssetState {
   ~AssetState() {
     manager_.ClearMeshes();
     manager_.loadFailed = false;
-    manager_.isMeshUnread = false;
     manager_.ReleaseAsset();
   }
 
@@ -51,25 +82,9 @@ class AssetState {
   DataManager& manager_ = *DataManager::Get();
 };
 
-}  // namespace
+// The two stages. What they find stays with the ErrorHandler.
 
-bool ValidateAsset(std::string_view folder, std::string_view packName, morvex::ResultsLog& log) {
-  const size_t errors = log.ErrorCount();
-  DataManager& manager = *DataManager::Get();
-  const AssetState state;
-  manager.SetAsset(packName, folder);
-  const std::string_view configName = FindConfig(manager.AssetLocation());
-  if (configName.empty()) return false;
-  manager.SetConfigName(configName);
-
-  Container container;
-  const std::string configPath = Nox::Path::AddPath(folder, configName);
-  if (LoadAndReport(configPath, packName, log, &container)) CheckAndReport(container, log);
-  return log.ErrorCount() == errors;
-}
-
-bool LoadAndReport(std::string_view configPath, std::string_view packName, morvex::ResultsLog& log,
-                   Container* container) {
+bool LoadAsset(std::string_view configPath, std::string_view packName, Container& container) {
   DataManager& manager = *DataManager::Get();
   manager.LoadDefinitions(false);
   manager.SetAsset(packName, Nox::Path::DelName(configPath, false));
@@ -80,22 +95,65 @@ bool LoadAndReport(std::string_view configPath, std::string_view packName, morve
   const Nox::Location& folder = manager.AssetLocation();
   const std::string path = Nox::Path::AddPath(folder.path, Nox::Path::GetFileName(configPath));
   (void)config.Load(folder.pack, path);  // what can't be read is a configuration without a kind
-
-  std::optional<Container> own;
-  Container& target = container != nullptr ? *container : own.emplace();
-  const bool isLoaded = target.Load(config);
-  LogRecords(log);
-  return isLoaded;
+  return container.Load(config);
 }
 
-bool CheckAndReport(Container& container, morvex::ResultsLog& log) {
+bool CheckAsset(Container& container) {
   ErrorHandler::Get()->Clear();
   const bool texturesAreGood = CheckTextureFiles(DataManager::Get()->AssetLocation());
   morvex::TagContainer unread;
   const bool tagsAreGood = container.Export(unread);
-  if (texturesAreGood && tagsAreGood) return true;
-  LogRecords(log);
-  return false;
+  return texturesAreGood && tagsAreGood;
+}
+
+}  // namespace
+
+bool InspectAsset(std::string_view folder, std::string_view packName, Findings& findings) {
+  DataManager& manager = *DataManager::Get();
+  const AssetState state;
+  manager.SetAsset(packName, folder);
+  const std::string_view configName = FindConfig(manager.AssetLocation());
+  if (configName.empty()) return false;
+  manager.SetConfigName(configName);
+
+  Container container;
+  Findings found;
+  const bool isLoaded = LoadAsset(Nox::Path::AddPath(folder, configName), packName, container);
+  Collect(found, false);
+  if (isLoaded) {
+    const bool isPassed = CheckAsset(container);
+    Collect(found, isPassed);
+  }
+  const bool isClean = std::none_of(found.begin(), found.end(), [](const Finding& finding) {
+    return finding.severity == RecordSeverity::kError && !finding.dropped;
+  });
+  std::move(found.begin(), found.end(), std::back_inserter(findings));
+  return isClean;
+}
+
+bool ValidateAsset(std::string_view folder, std::string_view packName, morvex::ResultsLog& log) {
+  Findings findings;
+  const bool isClean = InspectAsset(folder, packName, findings);
+  LogFindings(findings, log);
+  return isClean;
+}
+
+bool LoadAndReport(std::string_view configPath, std::string_view packName, morvex::ResultsLog& log,
+                   Container* container) {
+  std::optional<Container> own;
+  const bool isLoaded = LoadAsset(configPath, packName, container != nullptr ? *container : own.emplace());
+  Findings findings;
+  Collect(findings, false);
+  LogFindings(findings, log);
+  return isLoaded;
+}
+
+bool CheckAndReport(Container& container, morvex::ResultsLog& log) {
+  const bool isPassed = CheckAsset(container);
+  Findings findings;
+  Collect(findings, isPassed);
+  LogFindings(findings, log);
+  return isPassed;
 }
 
 }  // namespace QELLib

@@ -1,0 +1,36 @@
+// The meshes of the samples are what their program makes.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "tests/scratch_folder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Content(const fs::path& path) {
+  std::stringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+TEST(SampleMeshes, AreAsTheirProgramWritesThem) {
+  const ScratchFolder made;
+  ASSERT_EQ(std::system((std::string(MORVEX_MAKE_MESHES) + " " + made.path()).c_str()), 0);
+  size_t count = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(made.path())) {
+    if (!entry.is_regular_file()) continue;
+    const fs::path name = fs::relative(entry.path(), made.path());
+    EXPECT_TRUE(Content(entry.path()) == Content(MORVEX_SAMPLES / name))
+        << name << ": run make_meshes on the folder of the samples";
+    ++count;
+  }
+  EXPECT_GE(count, 40u);
+}
+
+}  // namespace
