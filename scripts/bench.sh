@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Measures: the benchmark programs of bench/, then whole runs of an installed tool against peers beside it.
-# Usage: scripts/bench.sh [--scale 0.1] [--rounds 5] [--only starts,index,rebuild,packages,commit]
+# Usage: scripts/bench.sh [--scale 0.1] [--rounds 5] [--only starts,index,rebuild,packages,commit,report]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh libbenchmark-dev zlib1g-dev libsqlite3-dev rapidjson-dev git
+scripts/setup.sh libjpeg-turbo-progs libbenchmark-dev libsqlite3-dev git curl nginx-light openssl
 cmake --preset release -DMORVEX_BENCH=ON >/dev/null
 scripts/build.sh release
 

@@ -3,7 +3,8 @@
 # Usage: scripts/setup.sh [extra packages ...]
 set -euo pipefail
 
-needed=(g++ cmake ninja-build python3 libzip-dev libjpeg62-turbo-dev libstb-dev libgtest-dev zip unzip "$@")
+needed=(g++ cmake ninja-build python3 libzip-dev libjpeg62-turbo-dev libstb-dev libssl-dev zlib1g-dev libcli11-dev
+        rapidjson-dev libgtest-dev zip unzip "$@")
 
 missing=()
 for package in "${needed[@]}"; do
@@ -18,6 +19,14 @@ if [ "$(id -u)" -ne 0 ]; then
   as_root=(sudo)
 fi
 export DEBIAN_FRONTEND=noninteractive
+
+# Servers among the packages are for the tests to start; none shall run by itself.
+policy=/usr/sbin/policy-rc.d
+if [ ! -e "$policy" ]; then
+  printf '#!/bin/sh\nexit 101\n' | "${as_root[@]}" tee "$policy" >/dev/null
+  "${as_root[@]}" chmod +x "$policy"
+  trap '"${as_root[@]}" rm -f "$policy"' EXIT
+fi
 echo "Installing: ${missing[*]}"
 "${as_root[@]}" apt-get update -qq
 "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

@@ -10,7 +10,8 @@ step() { printf '\n== %s\n' "$*"; }
 export ASAN_OPTIONS=detect_leaks=0
 
 step "Set-up"
-scripts/setup.sh clang libclang-rt-14-dev libbenchmark-dev zlib1g-dev libsqlite3-dev rapidjson-dev
+scripts/setup.sh clang libclang-rt-14-dev libbenchmark-dev libsqlite3-dev chromium nginx-light openssl tinyproxy \
+  vsftpd
 
 step "Layers"
 scripts/check_layers
