@@ -32,7 +32,11 @@ class OperationsTest : public testing::Test {
   using Files = std::map<std::string, std::string>;  // relative path and content
 
   OperationsTest() {
-    std::string texts = "$zeb_cloned \"cloned %s %s\"\n", key;
+    std::string key;
+    std::string texts =
+        "$zeb_cloned \"cloned %s %s\"\n$zeb_archive_version \"archive_version %u\"\n"
+        "$zeb_archive_unreadable \"archive_unreadable\"\n$zeb_upload_complete \"upload_complete\"\n"
+        "$zeb_upload_failed_network \"upload_failed_network %d\"\n";
     std::istringstream keys(
         "edit_perm copy_file_error not_committed commit_perm commit_open_for_edit commit_missing_config "
         "commit_duplicate_config commit_invalid_files commit_file_error unreadable_cdp unable_read_config_at "
@@ -40,7 +44,10 @@ class OperationsTest : public testing::Test {
         "write_error open_file_error commit_database_error overwrite_error failed_install installed "
         "clone_perm "
         "not_local_owner asset_out_of_date unable_to_open unable_read_files already_open_for_edit "
-        "package_file_bad_ext package_file_bad_name");
+        "package_file_bad_ext package_file_bad_name asset_not_local "
+        "asset_not_built_in asset_already_on_dls upload_asset_faulty upload_asset_not_local "
+        "upload_read_error "
+        "upload_failed_generic");
     while (keys >> key)
       texts += "$zeb_" + key + " \"" + key + " %s\"\n";
     Write("data/interfacetext.txt", texts);

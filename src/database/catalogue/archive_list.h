@@ -2,46 +2,38 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <vector>
 
-#include "tagdata/kuid.h"
-#include "tagdata/kuid_list.h"
+#include "database/catalogue/archive.h"
 
 namespace morvex {
-
-class ZEBAssetInfo;
-
-// One archive file that holds assets in package form, as the index file knows it.
-struct ZEBArchive {
-  bool mounted = false;
-  bool scanning = false;
-  uint32_t number = 0;  // archives without one aren't stored
-  KUIDList kuids;       // what it holds, each once
-  std::string path;
-  std::string name;
-  uint32_t serial = 0;     // ties the entry to its file
-  uint32_t hits = 0;       // scratch of a selection
-  uint64_t totalSize = 0;  // bytes, by estimate; 0: to be computed
-};
 
 // The archives that the database knows of. Their files are never looked at here.
 class ZEBArchiveList {
  public:
-  // A new archive with a random serial.
+  // A new archive with a random serial and no number, and so not stored.
   ZEBArchive& Add();
   // An archive from the index file.
   ZEBArchive& Append(ZEBArchive archive);
-  // Forgets an archive. What it held is looked up anew when it is next asked for.
+  // Forgets an archive. Whether what it held is archived is looked up anew when it is next asked for.
   void Remove(ZEBArchive& archive);
 
   bool IsArchived(const ZEBAssetInfo& record) const;
   ZEBArchive* FindBySerial(uint32_t serial);
+  // A number that no archive has.
+  [[nodiscard]] uint32_t FreeNumber() const;
+
+  // Appends to `chosen` the archives that must be at hand to get at all of `wanted`, few of them: always the next
+  // that holds most of what is left. Takes out of `wanted` what they and those chosen before hold; what stays is in
+  // no archive.
+  void Select(KUIDList& wanted, std::vector<ZEBArchive*>& chosen);
 
   const std::vector<std::unique_ptr<ZEBArchive>>& Archives() const { return archives_; }
   void Clear() { archives_.clear(); }
 
  private:
+  ZEBArchive* FindBestFor(const KUIDList& wanted, const std::vector<ZEBArchive*>& chosen);
+
   std::vector<std::unique_ptr<ZEBArchive>> archives_;  // at fixed addresses
 };
 

@@ -57,8 +57,14 @@ void ZEBAssetCache::Remove(ZEBAssetInfo& record) {
 }
 
 void ZEBAssetCache::SortView() {
+  constexpr size_t kFew = 8;  // where less than this part is to be moved, that costs less than a new view
   const std::lock_guard guard(computing_);
-  if (viewMade_) view_.Sort();
+  if (!viewMade_) return;
+  if (view_.Unsorted() < view_.Size() / kFew) {
+    view_.Sort();
+  } else {
+    view_.Build(records);
+  }
 }
 
 const SortedView& ZEBAssetCache::View() {

@@ -40,6 +40,8 @@ class AuthorTable {
   void SetEntries(std::vector<Entry> entries);
   const std::deque<uint32_t>& PendingUserIds() const { return pendingUsers_.numbers; }
   const std::deque<uint32_t>& PendingProfileIds() const { return pendingProfiles_.numbers; }
+  // Takes a number off the queue, whether or not it was found; it isn't asked for again in this run.
+  void DropPendingUser(uint32_t number) { std::erase(pendingUsers_.numbers, number); }
   void Clear();
 
  private:

@@ -7,6 +7,7 @@
 #include "engine/file.h"
 #include "engine/find.h"
 #include "engine/path.h"
+#include "tagdata/morvex_log.h"
 
 namespace morvex {
 namespace {
@@ -59,6 +60,7 @@ bool ZEBShutdown() {
   state.writeFailed = false;
   state.settings = ZEBStartupSettings();
   ZEBForgetRoot();
+  MorvexLog::Message("ZEBDownloadStation::Close");  // whoever runs its client has ended that before
   Ownership().Leave();
   return written;
 }

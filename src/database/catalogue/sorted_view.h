@@ -28,6 +28,8 @@ class SortedView {
   void Clear();
 
   size_t Size() const { return size_; }
+  // How many Sort would move.
+  size_t Unsorted() const { return tail_.size() + formerNames_.size(); }
 
   template <typename Visit>
   void ForEach(Visit visit) const {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "tagdata/kuid_list.h"
+
+namespace morvex {
+
+class DownloadManager;
+class ResultsLog;
+
+// Sends assets of the local author to the download station, as one package in one form, to the upload server of the
+// manager's settings. Nothing is sent unless every asset may go: it is installed, committed, without errors, the
+// author's own, and not on the station yet. All there is to tell goes to `log`: an error for each asset that may not
+// go, then how the sending went, a note for each asset that arrived. With no assets nothing happens.
+//
+// Waits for the whole transfer. Takes the database lock to look at the assets and to package them, and holds none
+// while it waits. The package is in memory.
+void ZEBUploadAssets(const KUIDList& kuids, ResultsLog& log, DownloadManager& downloads);
+
+}  // namespace morvex
