@@ -1,6 +1,7 @@
 #include "engine/bitmap.h"
 
 #include <string>
+#include <utility>
 
 #include "engine/image_decoders.h"
 #include "engine/path.h"
@@ -29,15 +30,34 @@ std::string ImageOfTexture(LocationView texture) {
   return Path::AddPath(Path::DelName(texture.path, false), ToLower(text.primary));
 }
 
-}  // namespace
+struct ImageFile {
+  ImageFormat format;
+  OwnedBytes bytes;
+};
 
-std::optional<Bitmap> Bitmap::Load(LocationView file) {
+std::optional<ImageFile> ReadImage(LocationView file) {
   std::string image(file.path);
   if (Path::IsExt(image, "texture")) image = ImageOfTexture(file);
   const std::optional<ImageFormat> format = FormatOf(image);
   if (!format) return std::nullopt;
-  const auto bytes = ReadWholeFile({file.pack, image}, kMaxFile);
-  return bytes ? Decode(*bytes, *format) : std::nullopt;
+  auto bytes = ReadWholeFile({file.pack, image}, kMaxFile);
+  if (!bytes) return std::nullopt;
+  return ImageFile{*format, std::move(*bytes)};
+}
+
+}  // namespace
+
+std::optional<Bitmap> Bitmap::Load(LocationView file) {
+  const std::optional<ImageFile> image = ReadImage(file);
+  return image ? Decode(image->bytes, image->format) : std::nullopt;
+}
+
+std::optional<Bitmap> Bitmap::LoadReduced(LocationView file, std::uint32_t leastWidth,
+                                          std::uint32_t leastHeight) {
+  const std::optional<ImageFile> image = ReadImage(file);
+  if (!image) return std::nullopt;
+  return image->format == ImageFormat::kJpeg ? DecodeJpeg(image->bytes, leastWidth, leastHeight)
+                                             : Decode(image->bytes, image->format);
 }
 
 std::optional<Bitmap> Bitmap::Decode(std::span<const std::uint8_t> bytes, ImageFormat format) {

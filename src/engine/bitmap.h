@@ -31,6 +31,10 @@ class Bitmap {
   // By extension: bmp, tga or jpg; for a "texture" the image that the ".texture.txt" beside it names. None if
   // there is no such file, if it is another kind of file, too large or cut short.
   [[nodiscard]] static std::optional<Bitmap> Load(LocationView file);
+  // The same for a picture that will be made smaller: where the format allows it, some smaller form that is at least
+  // as large as said, for less work.
+  [[nodiscard]] static std::optional<Bitmap> LoadReduced(LocationView file, std::uint32_t leastWidth,
+                                                         std::uint32_t leastHeight);
   [[nodiscard]] static std::optional<Bitmap> Decode(std::span<const std::uint8_t> bytes, ImageFormat format);
 
   std::uint32_t Width() const { return width_; }

@@ -9,7 +9,10 @@
 // The libraries that decode images, one to a file.
 namespace Nox {
 
-std::optional<Bitmap> DecodeJpeg(std::span<const std::uint8_t> bytes);
+// In a half, a quarter or an eighth of its size where that still covers the least size asked for: the work goes down
+// with the size. A least size of 0 gives it whole.
+std::optional<Bitmap> DecodeJpeg(std::span<const std::uint8_t> bytes, std::uint32_t leastWidth = 0,
+                                 std::uint32_t leastHeight = 0);
 // bmp and tga.
 std::optional<Bitmap> DecodePlainImage(std::span<const std::uint8_t> bytes);
 

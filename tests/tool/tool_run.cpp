@@ -14,10 +14,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* kTool = "MorvexUtil";
+
 // Starts `program` in its folder's parent with the three streams bound to files; gives the process id.
-int Spawn(const std::string& root, const std::vector<std::string>& arguments, const std::string& in,
-          const std::string& out, const std::string& err) {
-  const std::string program = root + "/bin/MorvexUtil";
+int Spawn(const std::string& root, const std::string& name, const std::vector<std::string>& arguments,
+          const std::string& in, const std::string& out, const std::string& err) {
+  const std::string program = root + "/bin/" + name;
   const pid_t child = fork();
   if (child != 0) return child;
   setenv("MORVEX_PRODUCTS", (root + "/products.txt").c_str(), 1);
@@ -49,9 +51,14 @@ Installation::Installation() {
 }
 
 ToolResult Installation::Run(const std::vector<std::string>& arguments, const std::string& input) const {
+  return RunProgram(kTool, arguments, input);
+}
+
+ToolResult Installation::RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                                    const std::string& input) const {
   const ScratchFolder streams;
   WriteFile(streams / "in", input);
-  const int child = Spawn(root(), arguments, streams / "in", streams / "out", streams / "err");
+  const int child = Spawn(root(), program, arguments, streams / "in", streams / "out", streams / "err");
   int status = 0;
   waitpid(child, &status, 0);
   ToolResult result;
@@ -62,7 +69,7 @@ ToolResult Installation::Run(const std::vector<std::string>& arguments, const st
 }
 
 int Installation::Start(const std::vector<std::string>& arguments) const {
-  return Spawn(root(), arguments, "/dev/null", "/dev/null", "/dev/null");
+  return Spawn(root(), kTool, arguments, "/dev/null", "/dev/null", "/dev/null");
 }
 
 void WriteFile(const std::string& path, const std::string& content) {

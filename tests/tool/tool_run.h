@@ -23,6 +23,9 @@ class Installation {
 
   // Runs the installed program from another folder, with `input` as its standard input.
   ToolResult Run(const std::vector<std::string>& arguments, const std::string& input = "") const;
+  // The same of another program that was put beside it.
+  ToolResult RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                        const std::string& input = "") const;
 
   // Starts the program without waiting for it; the caller waits for, or ends, the process id.
   int Start(const std::vector<std::string>& arguments) const;

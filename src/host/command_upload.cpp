@@ -1,0 +1,56 @@
+// upload: own assets to the download station.
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <vector>
+
+#include "database/operations/upload.h"
+#include "frontend/messages/results_log.h"
+#include "host/arguments.h"
+#include "host/command.h"
+#include "host/host.h"
+#include "host/json_writer.h"
+#include "host/log_messages.h"
+#include "host/network.h"
+
+namespace morvex::host {
+
+namespace {
+
+struct Options {
+  std::vector<KUID> kuids;
+  NetworkOptions network;
+};
+
+ExitCode Upload(Host& host, const Options& options) {
+  if (!host.Open()) return ExitCode::kNoInstallation;
+  KUIDList kuids;
+  for (const KUID& kuid : options.kuids)
+    kuids.AddUnique(kuid);
+  const auto downloads = MakeDownloads(options.network, InstallationCache());
+  ResultsLog log;
+  ZEBUploadAssets(kuids, log, *downloads);
+  PrintLog(host.console(), log);
+  const bool isSent = log.ErrorCount() == 0;
+  if (host.WantsJson()) {
+    JsonWriter json(host.console().Out());
+    json.BeginObject().Key("sent").Bool(isSent).Key("kuids").BeginArray();
+    for (const KUID& kuid : kuids)
+      json.Text(kuid.TagText());
+    json.EndArray().EndObject();
+  }
+  return isSent ? ExitCode::kSuccess : ExitCode::kFailed;
+}
+
+}  // namespace
+
+void DeclareUpload(CLI::App& command, Run& run) {
+  const auto options = std::make_shared<Options>();
+  AddKuids(command, "kuid", options->kuids, "Committed assets of your own, without errors")->required();
+  AddServerOptions(command, options->network);
+  command.footer(
+      "Example:\n  MORVEX_PASSWORD=... MorvexHost upload 523841:1013 --server station.example --user me");
+  command.callback([options, &run] { run = [options](Host& host) { return Upload(host, *options); }; });
+}
+
+}  // namespace morvex::host

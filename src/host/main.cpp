@@ -1,0 +1,9 @@
+#include "engine/process.h"
+#include "host/command_line.h"
+
+int main(int argc, char** argv) {
+  const auto code = static_cast<int>(morvex::host::RunCommandLine(argc, argv));
+  // The services of the library end with the process.
+  Nox::TerminateProcess(static_cast<std::uint8_t>(code),
+                        static_cast<std::uint8_t>(morvex::host::ExitCode::kFailed));
+}

@@ -1,0 +1,28 @@
+# Installs the library and the programs apart, builds docs/example against the library, and runs it on an installation
+# with a sample in it. Variables: BUILD, SOURCE, WORK, FLAGS, COMPILER.
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE out)
+  if(NOT code EQUAL 0)
+    message(FATAL_ERROR "${ARGN}\nended with ${code}:\n${out}")
+  endif()
+  set(out "${out}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK})
+set(ENV{MORVEX_PRODUCTS} ${WORK}/products.txt)
+run(${CMAKE_COMMAND} --install ${BUILD} --component development --prefix ${WORK}/library)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/installation)
+foreach(stray include lib)
+  if(EXISTS ${WORK}/installation/${stray})
+    message(FATAL_ERROR "The installation holds ${stray}, which belongs to the library.")
+  endif()
+endforeach()
+run(${CMAKE_COMMAND} -S ${SOURCE}/docs/example -B ${WORK}/build -DCMAKE_PREFIX_PATH=${WORK}/library
+  -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS} -DCMAKE_BUILD_TYPE=Release)
+run(${CMAKE_COMMAND} --build ${WORK}/build)
+run(${WORK}/installation/bin/MorvexUtil installfrompath ${SOURCE}/samples/bahnwaerterhaus)
+run(${WORK}/build/list_assets ${WORK}/installation)
+if(NOT out MATCHES "<kuid:523841:1014>  EIadl[mM]e  Bahnw")
+  message(FATAL_ERROR "The example printed:\n${out}")
+endif()
+file(REMOVE_RECURSE ${WORK})
