@@ -1,5 +1,5 @@
 # Installs the library and the programs apart, builds docs/example against the library, and runs it on an installation
-# with a sample in it. Variables: BUILD, SOURCE, WORK, FLAGS, COMPILER.
+# with a sample in it. Variables: BUILD, SOURCE, WORK, FLAGS, COMPILER, GENERATOR.
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE out)
   if(NOT code EQUAL 0)
@@ -17,7 +17,7 @@ foreach(stray include lib)
     message(FATAL_ERROR "The installation holds ${stray}, which belongs to the library.")
   endif()
 endforeach()
-run(${CMAKE_COMMAND} -S ${SOURCE}/docs/example -B ${WORK}/build -DCMAKE_PREFIX_PATH=${WORK}/library
+run(${CMAKE_COMMAND} -S ${SOURCE}/docs/example -B ${WORK}/build -G "${GENERATOR}" -DCMAKE_PREFIX_PATH=${WORK}/library
   -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS} -DCMAKE_BUILD_TYPE=Release)
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 run(${WORK}/installation/bin/MorvexUtil installfrompath ${SOURCE}/samples/bahnwaerterhaus)
