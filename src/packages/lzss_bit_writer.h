@@ -1,39 +1,39 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "packages/lzss_sink.h"
 
 namespace Nox {
 
-// Writes values lowest bit first into little-endian words.
+// Writes values lowest bit first.
 class LzssBitWriter {
  public:
   explicit LzssBitWriter(LzssSink& sink) : sink_(sink) {}
 
-  // At most 32 bits.
-  void Put(std::uint32_t bits, unsigned count) {
-    pending_ |= std::uint64_t{bits} << count_;
+  // At most 56 bits; those of `bits` above are 0.
+  void Put(std::uint64_t bits, unsigned count) {
+    pending_ |= bits << count_;
     count_ += count;
-    if (count_ < 32) return;
-    sink_.Put32(static_cast<std::uint32_t>(pending_));
-    pending_ >>= 32;
-    count_ -= 32;
+    const unsigned whole = count_ / 8;
+    sink_.PutLow(pending_, whole);
+    bytes_ += whole;
+    pending_ >>= 8 * whole;
+    count_ %= 8;
   }
 
   // Ends the stream with 0 bits up to the end of a 16-bit word.
   void Finish() {
-    for (unsigned done = 0; done < count_; done += 16) {
-      sink_.Put16(static_cast<std::uint32_t>(pending_ >> done) & 0xFFFF);
-    }
-    count_ = 0;
-    pending_ = 0;
+    if (count_ != 0) Put(0, 8 - count_);
+    if (bytes_ % 2 != 0) Put(0, 8);
   }
 
  private:
   LzssSink& sink_;
   std::uint64_t pending_ = 0;
-  unsigned count_ = 0;  // below 32 between calls
+  unsigned count_ = 0;     // of the pending bits, below 8 between calls
+  std::size_t bytes_ = 0;  // written
 };
 
 }  // namespace Nox

@@ -19,15 +19,15 @@ inline std::uint64_t LzssLoad64(const std::uint8_t* p) {
          std::uint64_t{p[6]} << 48 | std::uint64_t{p[7]} << 56;
 }
 
-inline void LzssStore16(std::uint8_t* p, std::uint32_t value) {
-  p[0] = static_cast<std::uint8_t>(value);
-  p[1] = static_cast<std::uint8_t>(value >> 8);
-}
 inline void LzssStore32(std::uint8_t* p, std::uint32_t value) {
   p[0] = static_cast<std::uint8_t>(value);
   p[1] = static_cast<std::uint8_t>(value >> 8);
   p[2] = static_cast<std::uint8_t>(value >> 16);
   p[3] = static_cast<std::uint8_t>(value >> 24);
+}
+inline void LzssStore64(std::uint8_t* p, std::uint64_t value) {
+  LzssStore32(p, static_cast<std::uint32_t>(value));
+  LzssStore32(p + 4, static_cast<std::uint32_t>(value >> 32));
 }
 
 }  // namespace Nox

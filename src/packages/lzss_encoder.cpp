@@ -2,28 +2,50 @@
 
 #include <algorithm>
 
+#include "packages/lzss_token_batch.h"
+
 namespace Nox {
+namespace {
+
+// After so many literals, more are likely, and worth being looked for.
+constexpr std::size_t kLiteralsBeforeScan = 4;
+
+}  // namespace
 
 void LzssEncoder::Run(const std::uint8_t* view, std::size_t end) {
   finder_.SetView(view, end);
-  while (position_ < end) {
-    if (end - position_ < kLzssMinMatch) {
-      literals_ += end - position_;
-      position_ = end;
-      return;
+  LzssTokenBatch batch(writer_, view + position_ - literals_);
+  std::size_t position = position_;
+  std::size_t literals = literals_;
+  while (position < end) {
+    if (end - position < kLzssMinMatch) {
+      literals += end - position;
+      position = end;
+      break;
     }
-    if (literals_ == kLzssMaxRun) EmitLiterals(view);
-    if (position_ >= 2 * windowSize_) return;
+    if (literals >= kLzssMaxRun) {
+      batch.AddLiterals(kLzssMaxRun);
+      literals -= kLzssMaxRun;
+    }
+    if (position >= 2 * windowSize_) break;
 
-    const LzssMatch match = finder_.Find(position_);
-    if (match.length == 0) {
-      ++position_;
-      ++literals_;
+    const std::size_t hopeless = literals < kLiteralsBeforeScan ? 0 : finder_.CountHopeless(position);
+    if (hopeless != 0) {
+      position += hopeless;
+      literals += hopeless;
       continue;
     }
-    EmitLiterals(view);
-    position_ += EmitMatch(match);
+    const LzssMatch match = finder_.Find(position);
+    if (match.length == 0) {
+      ++position;
+      ++literals;
+      continue;
+    }
+    position += batch.AddMatch(literals, match);
+    literals = 0;
   }
+  position_ = position;
+  literals_ = literals;
 }
 
 std::size_t LzssEncoder::Slide() {
@@ -34,27 +56,12 @@ std::size_t LzssEncoder::Slide() {
 }
 
 void LzssEncoder::Finish(const std::uint8_t* view) {
-  EmitLiterals(view);
-}
-
-void LzssEncoder::EmitLiterals(const std::uint8_t* view) {
+  LzssTokenBatch batch(writer_, view + position_ - literals_);
   while (literals_ != 0) {
     const std::size_t count = std::min<std::size_t>(literals_, kLzssMaxRun);
-    writer_.Literals({view + position_ - literals_, count});
+    batch.AddLiterals(count);
     literals_ -= count;
   }
-}
-
-// A long match goes out in pieces; a rest too short to be one is left for the next position. Gives the bytes
-// covered.
-std::size_t LzssEncoder::EmitMatch(LzssMatch match) {
-  std::size_t rest = match.length;
-  while (rest >= kLzssMinMatch) {
-    const std::size_t piece = std::min<std::size_t>(rest, kLzssMaxMatch);
-    writer_.Match(static_cast<unsigned>(piece), match.offset);
-    rest -= piece;
-  }
-  return match.length - rest;
 }
 
 }  // namespace Nox

@@ -35,9 +35,6 @@ class LzssEncoder {
   std::size_t Position() const { return position_; }
 
  private:
-  void EmitLiterals(const std::uint8_t* view);
-  std::size_t EmitMatch(LzssMatch match);
-
   const std::size_t windowSize_;
   LzssMatchFinder finder_;
   LzssTokenWriter& writer_;

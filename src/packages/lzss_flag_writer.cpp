@@ -27,6 +27,14 @@ void LzssFlagGroup::Write() {
   size_ = 0;
 }
 
+void LzssFlagWriter::Write(std::span<const LzssToken> tokens, const std::uint8_t* data) {
+  for (const LzssToken& token : tokens) {
+    if (token.literals != 0) Literals({data, token.literals});
+    if (token.length != 0) Match(token.length, token.offset);
+    data += token.literals + token.length;
+  }
+}
+
 void LzssWideWriter::Literals(std::span<const std::uint8_t> bytes) {
   // Below this a run's own byte costs more than single literals.
   constexpr std::size_t kWorthARun = 6;

@@ -32,29 +32,41 @@ class LzssFlagGroup {
   std::array<std::uint8_t, kMaxBytes> bytes_;
 };
 
-// The flag coding of windows 1 and 2.
-class LzssWideWriter : public LzssTokenWriter {
+// The flag coding. Derived classes know the tokens.
+class LzssFlagWriter : public LzssTokenWriter {
  public:
-  LzssWideWriter(const LzssWindow& window, LzssSink& sink) : window_(window), group_(sink) {}
-  void Literals(std::span<const std::uint8_t> bytes) override;
-  void Match(unsigned length, unsigned offset) override;
-  void Finish() override { group_.Finish(); }
+  explicit LzssFlagWriter(LzssSink& sink) : group_(sink) {}
+  void Write(std::span<const LzssToken> tokens, const std::uint8_t* data) final;
+  void Finish() final { group_.Finish(); }
 
- private:
-  const LzssWindow& window_;
+ protected:
+  virtual void Literals(std::span<const std::uint8_t> bytes) = 0;
+  virtual void Match(unsigned length, unsigned offset) = 0;
+
   LzssFlagGroup group_;
 };
 
-// The flag coding of window 0.
-class LzssNarrowWriter : public LzssTokenWriter {
+// Windows 1 and 2.
+class LzssWideWriter : public LzssFlagWriter {
  public:
-  explicit LzssNarrowWriter(LzssSink& sink) : group_(sink) {}
+  LzssWideWriter(const LzssWindow& window, LzssSink& sink) : LzssFlagWriter(sink), window_(window) {}
+
+ protected:
   void Literals(std::span<const std::uint8_t> bytes) override;
   void Match(unsigned length, unsigned offset) override;
-  void Finish() override { group_.Finish(); }
 
  private:
-  LzssFlagGroup group_;
+  const LzssWindow& window_;
+};
+
+// Window 0.
+class LzssNarrowWriter : public LzssFlagWriter {
+ public:
+  using LzssFlagWriter::LzssFlagWriter;
+
+ protected:
+  void Literals(std::span<const std::uint8_t> bytes) override;
+  void Match(unsigned length, unsigned offset) override;
 };
 
 }  // namespace Nox

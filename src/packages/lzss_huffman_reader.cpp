@@ -37,7 +37,7 @@ bool LzssHuffmanReader::ReadMatch(unsigned symbol, LzssOutput& output) {
   return output.Match(length, offset);
 }
 
-unsigned LzssHuffmanReader::ReadSymbol(LzssTree& tree) {
+unsigned LzssHuffmanReader::ReadSymbol(LzssDecoderTree& tree) {
   bits_.Need32();
   unsigned used = 0;
   const unsigned symbol = tree.Decode(bits_.Peek(), used);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "packages/lzss_bit_reader.h"
+#include "packages/lzss_decoder_tree.h"
 #include "packages/lzss_format.h"
 #include "packages/lzss_token_reader.h"
-#include "packages/lzss_tree.h"
 
 namespace Nox {
 
@@ -18,11 +18,11 @@ class LzssHuffmanReader : public LzssTokenReader {
  private:
   Status ReadTokens(std::size_t reserve, LzssOutput& output);
   bool ReadMatch(unsigned symbol, LzssOutput& output);
-  unsigned ReadSymbol(LzssTree& tree);
+  unsigned ReadSymbol(LzssDecoderTree& tree);
 
   LzssBitReader bits_;
-  LzssTree main_;
-  LzssTree offsets_;
+  LzssDecoderTree main_;
+  LzssDecoderTree offsets_;
   unsigned lowOffsetBits_;
   bool ended_ = false;
 };

@@ -18,28 +18,29 @@ constexpr std::array<std::uint8_t, 256> kCodeOfLength = [] {
 
 }  // namespace
 
-void LzssHuffmanWriter::Literals(std::span<const std::uint8_t> bytes) {
-  for (const std::uint8_t byte : bytes) {
-    const LzssCode code = main_.Encode(byte);
-    bits_.Put(code.bits, code.count);
+void LzssHuffmanWriter::Write(std::span<const LzssToken> tokens, const std::uint8_t* data) {
+  for (const LzssToken& token : tokens) {
+    for (unsigned i = 0; i < token.literals; ++i)
+      Put(main_.Encode(data[i]), 0, 0);
+    if (token.length != 0) Match(token.length, token.offset);
+    data += token.literals + token.length;
   }
 }
 
-void LzssHuffmanWriter::Match(unsigned length, unsigned offset) {
+inline void LzssHuffmanWriter::Match(unsigned length, unsigned offset) {
   const unsigned extra = length - kLzssMinMatch;
   const unsigned row = kCodeOfLength[extra];
-  const LzssCode lengthCode = main_.Encode(kLzssFirstLengthCode + row);
-  bits_.Put(lengthCode.bits | (extra - kLzssLengthCodes[row].base) << lengthCode.count,
-            lengthCode.count + kLzssLengthCodes[row].extraBits);
+  Put(main_.Encode(kLzssFirstLengthCode + row), extra - kLzssLengthCodes[row].base,
+      kLzssLengthCodes[row].extraBits);
+  Put(offsets_.Encode(offset >> lowOffsetBits_), offset & ((1U << lowOffsetBits_) - 1), lowOffsetBits_);
+}
 
-  const LzssCode highCode = offsets_.Encode(offset >> lowOffsetBits_);
-  const unsigned low = offset & ((1U << lowOffsetBits_) - 1);
-  bits_.Put(highCode.bits | low << highCode.count, highCode.count + lowOffsetBits_);
+inline void LzssHuffmanWriter::Put(LzssCode code, unsigned extra, unsigned extraBits) {
+  bits_.Put(code.bits | std::uint64_t{extra} << code.count, code.count + extraBits);
 }
 
 void LzssHuffmanWriter::Finish() {
-  const LzssCode code = main_.CodeOf(kLzssEndMark);
-  bits_.Put(code.bits, code.count);
+  Put(main_.CodeOf(kLzssEndMark), 0, 0);
   bits_.Finish();
 }
 

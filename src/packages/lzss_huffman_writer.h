@@ -1,9 +1,9 @@
 #pragma once
 
 #include "packages/lzss_bit_writer.h"
+#include "packages/lzss_encoder_tree.h"
 #include "packages/lzss_format.h"
 #include "packages/lzss_token_writer.h"
-#include "packages/lzss_tree.h"
 
 namespace Nox {
 
@@ -16,14 +16,16 @@ class LzssHuffmanWriter : public LzssTokenWriter {
         offsets_(window.offsetSymbols),
         lowOffsetBits_(window.lowOffsetBits) {}
 
-  void Literals(std::span<const std::uint8_t> bytes) override;
-  void Match(unsigned length, unsigned offset) override;
+  void Write(std::span<const LzssToken> tokens, const std::uint8_t* data) override;
   void Finish() override;
 
  private:
+  void Match(unsigned length, unsigned offset);
+  void Put(LzssCode code, unsigned extra, unsigned extraBits);
+
   LzssBitWriter bits_;
-  LzssTree main_;
-  LzssTree offsets_;
+  LzssEncoderTree main_;
+  LzssEncoderTree offsets_;
   unsigned lowOffsetBits_;
 };
 

@@ -8,17 +8,17 @@
 namespace Nox {
 namespace {
 
-// Positions are compared as signed 16-bit numbers by the rules of the format, so one from here on is
-// as good as gone, and takes the rest of its chain along.
-constexpr std::size_t kFirstLostPosition = 0x8000;
-
-// Strings that PickChain looks at, counted from the end of the match. Long repeats with rare breaks (sparse
+// Chains that FindLonger compares, counted from the end of the match. Long repeats with rare breaks (sparse
 // bytes, configurations) gain much from looking far; with very long runs the looking itself begins to cost.
 constexpr int kChainsToCompare = 100;
 
-unsigned ShiftFor(std::size_t bufferSize) {
-  if (bufferSize < 2000) return 3;
-  return bufferSize < 24000 ? 4 : 5;
+unsigned SlotBitsFor(std::size_t bufferSize) {
+  if (bufferSize < 2000) return 9;
+  return bufferSize < 24000 ? 12 : 15;
+}
+
+std::uint32_t Load24(const std::uint8_t* p) {
+  return LzssLoad16(p) | std::uint32_t{p[2]} << 16;
 }
 
 // The number of equal bytes, at most `limit`.
@@ -33,151 +33,136 @@ unsigned CountEqual(const std::uint8_t* a, const std::uint8_t* b, unsigned limit
   return count;
 }
 
-// Takes `delta` off an entry; what falls below 1 becomes 0.
-std::uint16_t Lower(std::uint16_t entry, unsigned delta) {
-  return entry > delta ? static_cast<std::uint16_t>(entry - delta) : std::uint16_t{0};
-}
-
-// Lowers each entry of `from` into `to`, which may be the same or lie in front of it. Goes by blocks, which
-// compilers make vectors of.
-void LowerEntries(const std::uint16_t* from, std::uint16_t* to, std::size_t count, unsigned delta) {
-  constexpr std::size_t kBlock = 64;
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    std::array<std::uint16_t, kBlock> block;
-    std::copy_n(from + i, kBlock, block.begin());
-    for (std::uint16_t& entry : block)
-      entry = Lower(entry, delta);
-    std::copy_n(block.begin(), kBlock, to + i);
-  }
-  for (; i < count; ++i)
-    to[i] = Lower(from[i], delta);
-}
-
 }  // namespace
-
-// A search under way. The candidate is where the chain's entry stands, less `depth`.
-struct LzssMatchFinder::Search {
-  const std::uint8_t* here;
-  unsigned entry;     // of the position itself
-  unsigned low;       // candidates must lie above
-  unsigned best = 2;  // length so far
-  unsigned bestEntry = 0;
-  unsigned depth = 0;  // which of the strings of three bytes the chain belongs to
-  unsigned next;       // entry on that chain, 0 at its end
-};
 
 LzssMatchFinder::LzssMatchFinder(const LzssWindow& window, unsigned goodLength, std::size_t bufferSize)
     : windowSize_(window.Size()),
       goodLength_(goodLength),
       bufferSize_(bufferSize),
-      shift_(ShiftFor(bufferSize)),
-      mask_(0xFFFFU >> (16 - 3 * shift_)),
-      head_(std::make_unique<Entry[]>(mask_ + std::size_t{1})),
-      previous_(std::make_unique_for_overwrite<Entry[]>(bufferSize + 1)) {}
+      slotBits_(SlotBitsFor(bufferSize)),
+      head_(std::make_unique<Entry[]>(std::size_t{1} << slotBits_)),
+      previous_(std::make_unique<Entry[]>(bufferSize + 1)) {}
 
-void LzssMatchFinder::InsertTo(std::size_t position) {
-  if (position <= inserted_) return;
-  // Going ahead does no harm, since a search looks only at what stands before its own entry; and a batch lets
-  // the machine overlap the accesses to distant hashes.
-  constexpr std::size_t kBatch = 32;
-  const std::size_t stop = std::min({position + kBatch, end_ - 2, bufferSize_});
-  if (stop <= inserted_) return;
-  const std::uint8_t* const third = view_ + 2;
-  unsigned hash = unsigned{view_[inserted_]} << shift_ ^ view_[inserted_ + 1];
-  for (std::size_t i = inserted_; i < stop; ++i) {
-    hash = (hash << shift_ ^ third[i]) & mask_;
-    Entry& head = head_[hash];
-    previous_[i + 1] = head;
-    head = static_cast<Entry>(i + 1);
-  }
-  inserted_ = stop;
+inline void LzssMatchFinder::Insert(std::size_t position, std::uint32_t threeBytes) {
+  constexpr std::uint32_t kMix = 0x9E3779B1;
+  Entry& head = head_[(threeBytes << 8) * kMix >> (32 - slotBits_)];
+  previous_[position + 1] = head;
+  head = static_cast<Entry>(position + 1);
 }
 
-unsigned LzssMatchFinder::LowestEntry(std::size_t position) const {
-  if (anyCut_ && cut_[HashAt(position)]) return windowSize_;
-  return position + 1 > windowSize_ ? static_cast<unsigned>(position + 1 - windowSize_) : 0;
+// Going ahead does no harm, since a search looks only at what stands before its own entry; and many at a time
+// let the machine overlap the accesses to distant slots.
+bool LzssMatchFinder::InsertSome() {
+  constexpr std::size_t kMost = 64;
+  const std::size_t stop = std::min({inserted_ + kMost, end_ - 2, bufferSize_});
+  if (stop <= inserted_) return false;
+  std::size_t i = inserted_;
+  for (const std::size_t fourThere = std::min(stop, end_ - 3); i < fourThere; ++i)
+    Insert(i, LzssLoad32(view_ + i));
+  for (; i < stop; ++i)
+    Insert(i, Load24(view_ + i));
+  inserted_ = stop;
+  return true;
+}
+
+// Sets the bit of a position if the head of its chain is the same string, or if there is more of the chain.
+void LzssMatchFinder::Scan(std::size_t position) {
+  constexpr std::size_t kMost = 32;
+  InsertTo(position + kMost);
+  scanned_ = position;
+  scanEnd_ = std::min<std::size_t>({inserted_, position + kMost, 2 * windowSize_});
+  std::uint64_t hopeless = 0;
+  const std::size_t count = std::min(scanEnd_, end_ - 3) - position;  // that have four bytes to load
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::uint8_t* const here = view_ + position + i;
+    const unsigned entry = previous_[position + i + 1];
+    const std::size_t low = std::max<std::size_t>(position + i + 1, windowSize_) - windowSize_;
+    const std::uint32_t difference = LzssLoad32(here) ^ LzssLoad32(view_ + entry - (entry != 0));
+    const bool hope = (entry > low) & ((difference << 8 == 0) | (previous_[entry] > low));
+    hopeless |= std::uint64_t{!hope} << i;
+  }
+  hopeful_ = ~hopeless;
+}
+
+std::size_t LzssMatchFinder::CountHopeless(std::size_t position) {
+  if (position >= scanEnd_) Scan(position);
+  const auto hopeless = static_cast<std::size_t>(std::countr_zero(hopeful_ >> (position - scanned_)));
+  return std::min(hopeless, scanEnd_ - position);
+}
+
+inline unsigned LzssMatchFinder::LowestEntry(std::size_t position) const {
+  if (anyCut_ && cut_[FormatHash(position)]) [[unlikely]]
+    return windowSize_;
+  return static_cast<unsigned>(std::max<std::size_t>(position + 1, windowSize_) - windowSize_);
+}
+
+// The strings that a longer match must have start at depths from 0 to `last`, where the string ends in the
+// first byte behind `match`. A chain's next entry, less its depth, tells where a candidate begins.
+inline LzssMatchFinder::Chain LzssMatchFinder::PickChain(unsigned entry, LzssMatch match, unsigned low) {
+  const int last = static_cast<int>(match.length) - 2;
+  InsertTo(entry + static_cast<unsigned>(last));
+  const Entry* const own = previous_.get() + entry;
+  const Entry* const matched = own - match.offset;
+  const auto beginning = [last, matched](int number) { return matched[last - number] - (last - number); };
+
+  // A beginning, and in the low byte the chain's number, counted from `last` down.
+  int farthest = (own[last] - last) * 256;
+  int number = 1;
+  // Most matches are short, and which of few chains wins is chance; so these are compared without branches.
+  for (; number <= last && number < 16; ++number)
+    farthest = std::min(farthest, beginning(number) * 256 + number);
+  for (; number <= last && number < kChainsToCompare; ++number) {
+    if (beginning(number) < farthest >> 8) farthest = beginning(number) * 256 + number;
+  }
+  if (farthest >> 8 <= static_cast<int>(low)) return {0, 0};
+  const int depth = last - (farthest & 255);
+  return {static_cast<unsigned>(depth), static_cast<unsigned>((farthest >> 8) + depth)};
+}
+
+LzssMatch LzssMatchFinder::FindLonger(std::size_t position, LzssMatch match, unsigned low, unsigned limit) {
+  const std::uint8_t* const here = view_ + position;
+  const auto entry = static_cast<unsigned>(position + 1);
+  const unsigned enough = std::min(goodLength_, limit);
+  do {
+    const Chain chain = PickChain(entry, match, low);
+    if (chain.next == 0) break;
+    const std::uint32_t tail = LzssLoad32(here + match.length - 3);
+    // From an entry of the chain to a candidate's tail; wraps below 0.
+    const std::size_t toTail = std::size_t{match.length} - 4 - chain.depth;
+    const unsigned lowest = low + chain.depth;
+    unsigned length = 0;
+    unsigned next = chain.next;
+    for (; next > lowest; next = previous_[next]) {
+      if (LzssLoad32(view_ + (next + toTail)) != tail) continue;
+      length = CountEqual(view_ + next - 1 - chain.depth, here, limit);
+      if (length > match.length) break;
+    }
+    if (next <= lowest) break;
+    match = {length, entry - (next - chain.depth)};
+  } while (match.length < enough);
+  return match;
 }
 
 LzssMatch LzssMatchFinder::Find(std::size_t position) {
   InsertTo(position + 1);
-  Search s{.here = view_ + position,
-           .entry = static_cast<unsigned>(position + 1),
-           .low = LowestEntry(position),
-           .next = previous_[position + 1]};
+  const std::uint8_t* const here = view_ + position;
+  const unsigned low = LowestEntry(position);
+  unsigned entry = previous_[position + 1];
+  for (;; entry = previous_[entry]) {
+    if (entry <= low) return {};
+    if (Load24(view_ + entry - 1) == Load24(here)) break;
+  }
   const auto limit = static_cast<unsigned>(std::min(end_, bufferSize_) - position);
-  const unsigned enough = std::min(goodLength_, limit);
-
-  // On the position's own chain, two equal bytes mean three.
-  while (s.next > s.low) {
-    const std::uint8_t* candidate = view_ + s.next - 1;
-    if (LzssLoad16(candidate) == LzssLoad16(s.here)) {
-      s.best = CountEqual(candidate, s.here, limit);
-      s.bestEntry = s.next;
-      break;
-    }
-    s.next = previous_[s.next];
-  }
-  if (s.bestEntry == 0) return {};
-
-  while (s.best < enough && PickChain(s)) {
-    const std::uint32_t tail = LzssLoad32(s.here + s.best - 3);
-    const std::size_t toTail =
-        std::size_t{s.best} - 4 - s.depth;  // from an entry of the chain; wraps below 0
-    const unsigned low = s.low + s.depth;
-    unsigned length = 0;
-    unsigned next = s.next;
-    for (; next > low; next = previous_[next]) {
-      if (LzssLoad32(view_ + (next + toTail)) != tail) continue;
-      length = CountEqual(view_ + next - 1 - s.depth, s.here, limit);
-      if (length > s.best) break;
-    }
-    if (next <= low) break;
-    s.best = length;
-    s.bestEntry = next - s.depth;
-  }
-  return {s.best, s.entry - s.bestEntry};
+  const LzssMatch match{CountEqual(view_ + entry - 1, here, limit),
+                        static_cast<unsigned>(position + 1) - entry};
+  return match.length < std::min(goodLength_, limit) ? FindLonger(position, match, low, limit) : match;
 }
 
-// Chooses the chain to follow for something longer than the best; false if there can't be anything.
-bool LzssMatchFinder::PickChain(Search& s) {
-  const int last = static_cast<int>(s.best) - 2;  // the string that ends in the first byte behind the match
-  InsertTo(s.entry + static_cast<unsigned>(last));
-  int farthest = previous_[s.entry + static_cast<unsigned>(last)] - last;
-  s.depth = static_cast<unsigned>(last);
-  for (int depth = last - 1; depth >= 0 && last - depth < kChainsToCompare; --depth) {
-    const int candidate = previous_[s.bestEntry + static_cast<unsigned>(depth)] - depth;
-    if (candidate < farthest) {
-      farthest = candidate;
-      s.depth = static_cast<unsigned>(depth);
-    }
-  }
-  s.next = static_cast<unsigned>(farthest + static_cast<int>(s.depth));
-  return farthest > static_cast<int>(s.low);
-}
-
-// Notes the chains that the format loses at a slide from `position`.
-void LzssMatchFinder::CutChains(std::size_t position) {
-  if (anyCut_) cut_.reset();
-  anyCut_ = false;
-  const std::size_t stop = std::min(position, inserted_);
-  for (std::size_t i = kFirstLostPosition; i < stop; ++i) {
-    cut_.set(HashAt(i));
-    anyCut_ = true;
-  }
-}
-
-std::size_t LzssMatchFinder::Slide(std::size_t position) {
-  InsertTo(position);
-  CutChains(position);
-  const std::size_t delta = position - windowSize_;
-  LowerEntries(head_.get(), head_.get(), mask_ + std::size_t{1}, static_cast<unsigned>(delta));
-  LowerEntries(previous_.get() + delta, previous_.get(), bufferSize_ + 1 - delta,
-               static_cast<unsigned>(delta));
-  inserted_ -= delta;
-  view_ += delta;
-  end_ -= delta;
-  return delta;
+// The hash by which the format tells chains apart.
+unsigned LzssMatchFinder::FormatHash(std::size_t position) const {
+  const std::uint8_t* const at = view_ + position;
+  const unsigned shift = slotBits_ / 3;
+  return (unsigned{at[0]} << 2 * shift ^ unsigned{at[1]} << shift ^ at[2]) & ((1U << slotBits_) - 1);
 }
 
 }  // namespace Nox

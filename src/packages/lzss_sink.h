@@ -21,11 +21,6 @@ class LzssSink {
   void Put8(std::uint8_t value) {
     if (Fits(1)) *next_++ = value;
   }
-  void Put16(std::uint32_t value) {
-    if (!Fits(2)) return;
-    LzssStore16(next_, value);
-    next_ += 2;
-  }
   void Put32(std::uint32_t value) {
     if (!Fits(4)) return;
     LzssStore32(next_, value);
@@ -35,6 +30,14 @@ class LzssSink {
     if (bytes.empty() || !Fits(bytes.size())) return;
     std::memcpy(next_, bytes.data(), bytes.size());
     next_ += bytes.size();
+  }
+
+  // The lowest `count` bytes of `value`, up to 8. May write over what is free behind them.
+  void PutLow(std::uint64_t value, unsigned count) {
+    if (Room() < 8) [[unlikely]]
+      return PutOneByOne(value, count);
+    LzssStore64(next_, value);
+    next_ += count;
   }
 
   bool Failed() const { return failed_; }
@@ -56,6 +59,10 @@ class LzssSink {
  private:
   std::size_t Room() const { return static_cast<std::size_t>(end_ - next_); }
   bool Fits(std::size_t size) { return size <= Room() || MakeRoom(size); }
+  void PutOneByOne(std::uint64_t value, unsigned count) {
+    for (; count != 0; --count, value >>= 8)
+      Put8(static_cast<std::uint8_t>(value));
+  }
   bool MakeRoom(std::size_t size) {
     if (!failed_ && Drain() && size <= Room()) return true;
     failed_ = true;

@@ -8,13 +8,19 @@
 
 namespace Nox {
 
+// A batch of literals and then a match; either may be missing.
+struct LzssToken {
+  std::uint16_t literals;  // at most kLzssMaxRun
+  std::uint16_t length;    // 0 for no match
+  std::uint16_t offset;
+};
+
 // One coding of the stream, seen from the match loop. Failures show in the sink.
 class LzssTokenWriter {
  public:
   virtual ~LzssTokenWriter() = default;
-  // At most kLzssMaxRun bytes.
-  virtual void Literals(std::span<const std::uint8_t> bytes) = 0;
-  virtual void Match(unsigned length, unsigned offset) = 0;
+  // `data` is what the tokens stand for.
+  virtual void Write(std::span<const LzssToken> tokens, const std::uint8_t* data) = 0;
   // Writes what is held back, and the end.
   virtual void Finish() = 0;
 };

@@ -1,61 +1,67 @@
 #include "packages/lzss_tree.h"
 
-#include <utility>
+#include <algorithm>
+#include <cassert>
 
 namespace Nox {
 
-LzssTree::LzssTree(unsigned symbols) : leaves_((symbols + 1) & ~1U), root_(2 * leaves_ - 2) {
-  for (unsigned i = 0; i < leaves_; ++i) {
-    weight_[i] = 1;
-    child_[i] = static_cast<std::uint16_t>(LeafOf(i));
-    TellChildren(i);
+LzssTree::LzssTree(unsigned symbols) : first_(kRoot + 2 - 2 * ((symbols + 1) & ~1U)) {
+  unsigned node = first_;
+  for (unsigned leaf = kFirstLeaf; leaf < kFirstLeaf + (symbols + 1) / 2 * 2; ++leaf, ++node) {
+    weight_[node] = 1;
+    child_[node] = static_cast<std::uint16_t>(leaf);
+    TellChildren(node);
   }
-  for (unsigned i = leaves_, child = 0; i <= root_; ++i, child += 2) {
-    weight_[i] = static_cast<std::uint16_t>(weight_[child] + weight_[child + 1]);
-    child_[i] = static_cast<std::uint16_t>(child);
-    TellChildren(i);
+  for (unsigned child = first_; node <= kRoot; child += 2, ++node) {
+    weight_[node] = weight_[child] + weight_[child + 1];
+    child_[node] = static_cast<std::uint16_t>(child);
+    TellChildren(node);
+  }
+  IndexRow();
+}
+
+// Makes what follows from the row's weights.
+void LzssTree::IndexRow() {
+  total_ = weight_[kRoot];
+  unsigned weight = 0;
+  for (unsigned node = first_; node <= kRoot; ++node) {
+    assert(weight <= weight_[node]);
+    std::fill(behind_.begin() + weight, behind_.begin() + weight_[node], static_cast<std::uint16_t>(node));
+    weight = weight_[node];
+    if (IsLeaf(node)) leafWeight_[child_[node] - kFirstLeaf] = weight;
+  }
+  for (unsigned node = kRoot; node <= kLastBeyond; ++node) {
+    weight_[node] = kMaxWeight + 1 + (node - kRoot);
+    behind_[weight_[node]] = 0;  // means nothing, but is counted like others
+    up_[node] = static_cast<std::uint16_t>(std::min(node + 1, kLastBeyond));
+  }
+  weight_[kLastBeyond + 1] = 0;
+}
+
+void LzssTree::TellChildren(std::size_t node) {
+  const std::size_t child = child_[node];
+  if (child >= kFirstLeaf) {
+    leafNode_[child - kFirstLeaf] = static_cast<std::uint16_t>(node);
+  } else {
+    up_[child] = up_[child + 1] = static_cast<std::uint16_t>(node);
   }
 }
 
-// Lets a node that has grown change places with the last lighter one, and gives its new place. The root is
-// heavier than all others, so the search ends there at the latest.
-unsigned LzssTree::MoveUp(unsigned node) {
-  const unsigned weight = weight_[node];
-  unsigned target = node + 1;
-  while (weight_[target + 1] < weight)
-    ++target;
-  std::swap(weight_[node], weight_[target]);
-  std::swap(child_[node], child_[target]);
-  TellChildren(node);
-  TellChildren(target);
-  return target;
-}
-
-// `path` leads down to a leaf and has counted without moving anything; at `move` is the lowest node that must
-// move. What stands above it was counted too early: takes that back, and counts on along the way that the moved
-// node has.
-void LzssTree::Recount(const Path& path, unsigned move) {
-  for (unsigned i = 0; i < move; ++i)
-    --weight_[path[i]];
-  CountFrom(up_[MoveUp(path[move])]);
-}
-
-LzssCode LzssTree::EncodeAndRebuild(unsigned symbol) {
-  const LzssCode code = CodeOf(symbol);
-  Rebuild();
-  Count(up_[LeafOf(symbol)]);
-  return code;
-}
-
-unsigned LzssTree::DecodeAndRebuild(std::uint64_t bits, unsigned& used) {
-  unsigned child = child_[root_];
-  for (used = 0; child < kFirstLeaf; ++used, bits >>= 1) {
-    child = child_[child + static_cast<unsigned>(bits & 1)];
+void LzssTree::Swap(std::size_t a, std::size_t b) {
+  std::swap(child_[a], child_[b]);
+  TellChildren(a);
+  TellChildren(b);
+  for (const std::size_t node : {b, a}) {
+    if (!IsLeaf(node)) InnerMoved(node);
   }
-  const unsigned symbol = SymbolOf(child);
-  Rebuild();
-  Count(up_[LeafOf(symbol)]);
-  return symbol;
+}
+
+std::size_t LzssTree::MoveUp(std::size_t node) {
+  const std::uint32_t weight = weight_[node];
+  const std::size_t place = --behind_[weight];
+  weight_[place] = weight + 1;
+  Swap(node, place);
+  return place;
 }
 
 }  // namespace Nox

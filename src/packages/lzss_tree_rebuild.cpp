@@ -5,7 +5,6 @@ namespace {
 
 // In up_: no parent has been given yet.
 constexpr std::uint16_t kFree = 0xFFFE;
-constexpr std::uint16_t kNone = 0xFFFF;
 
 }  // namespace
 
@@ -13,31 +12,31 @@ constexpr std::uint16_t kNone = 0xFFFF;
 // pairing the two lightest nodes without a parent again and again. Leaves stay where they are as far as
 // possible. The order in which nodes of one weight end up is part of the format.
 void LzssTree::Rebuild() {
-  for (unsigned i = 0; i <= root_; ++i) {
-    if (IsLeaf(i)) weight_[i] = static_cast<std::uint16_t>((weight_[i] + 1) >> 1);
+  for (unsigned i = first_; i <= kRoot; ++i) {
+    if (IsLeaf(i)) weight_[i] = (weight_[i] + 1) >> 1;
     up_[i] = kFree;
   }
 
-  unsigned leavesLeft = leaves_;  // that stand at `slot` or above it
-  unsigned slot = 0;              // where the next inner node is looked for
-  for (unsigned scan = 0;;) {
+  unsigned leavesLeft = (kRoot + 2 - first_) / 2;  // that stand at `slot` or above it
+  unsigned slot = first_;                          // where the next inner node is looked for
+  for (unsigned scan = first_;;) {
     while (up_[scan] != kFree)
       ++scan;
-    if (scan == root_) break;
+    if (scan == kRoot) break;
     const unsigned left = scan;
     scan += 2;
 
-    while (slot < root_ && (IsLeaf(slot) || up_[slot] != kFree)) {
+    while (slot < kRoot && (IsLeaf(slot) || up_[slot] != kFree)) {
       if (IsLeaf(slot)) --leavesLeft;
       ++slot;
     }
     const unsigned weight = weight_[left] + weight_[left + 1];
     const unsigned place = MakePlace(slot, weight, leavesLeft);
-    weight_[place] = static_cast<std::uint16_t>(weight);
+    weight_[place] = weight;
     child_[place] = static_cast<std::uint16_t>(left);
     up_[left] = up_[left + 1] = static_cast<std::uint16_t>(place);
   }
-  up_[root_] = kNone;
+  IndexRow();
 }
 
 // Gives the place for an inner node of `weight`, about at `slot`, and moves `slot` behind what now stands.
@@ -46,9 +45,9 @@ unsigned LzssTree::MakePlace(unsigned& slot, unsigned weight, unsigned& leavesLe
   if (weight_[place - 1] > weight) return MakePlaceBelow(place, weight);
   // Leaves further up that are lighter come down in front of the new node.
   for (unsigned cursor = slot; leavesLeft != 0; --leavesLeft) {
-    while (cursor < root_ && !IsLeaf(cursor))
+    while (cursor < kRoot && !IsLeaf(cursor))
       ++cursor;
-    if (cursor >= root_ || weight_[cursor] >= weight) break;
+    if (cursor >= kRoot || weight_[cursor] >= weight) break;
     weight_[place] = weight_[cursor];
     child_[place] = child_[cursor];
     up_[place] = kFree;
@@ -62,7 +61,7 @@ unsigned LzssTree::MakePlace(unsigned& slot, unsigned weight, unsigned& leavesLe
 // Moves the heavier nodes below `slot` up by one.
 unsigned LzssTree::MakePlaceBelow(unsigned slot, unsigned weight) {
   unsigned place = slot;
-  for (; place > 0 && weight_[place - 1] > weight; --place) {
+  for (; place > first_ && weight_[place - 1] > weight; --place) {
     weight_[place] = weight_[place - 1];
     child_[place] = child_[place - 1];
     TellChildren(place);

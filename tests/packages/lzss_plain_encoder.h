@@ -37,7 +37,8 @@ class LzssPlainEncoder {
       const int first = position_;
       for (; length >= 3; length -= std::min(length, 258)) {
         const int end = position_ + std::min(length, 258);
-        writer_.Match(static_cast<unsigned>(end - position_), static_cast<unsigned>(offset));
+        Write({0, static_cast<std::uint16_t>(end - position_), static_cast<std::uint16_t>(offset)},
+              At(position_));
         for (; position_ < end; ++position_) {
           if (position_ != first && Remaining() >= 3) Insert();
         }
@@ -61,9 +62,11 @@ class LzssPlainEncoder {
 
   void Flush(std::size_t& literals) {
     const std::size_t count = std::min<std::size_t>(literals, 258);
-    writer_.Literals({At(position_) - literals, count});
+    Write({static_cast<std::uint16_t>(count), 0, 0}, At(position_) - literals);
     literals -= count;
   }
+
+  void Write(const Nox::LzssToken& token, const std::uint8_t* data) { writer_.Write({&token, 1}, data); }
 
   void Insert() {
     const std::uint8_t* at = At(position_);

@@ -13,10 +13,10 @@
 #include "packages/lzss_bit_writer.h"
 #include "packages/lzss_block.h"
 #include "packages/lzss_compress.h"
+#include "packages/lzss_encoder_tree.h"
 #include "packages/lzss_format.h"
 #include "packages/lzss_sink.h"
 #include "packages/lzss_token_writer.h"
-#include "packages/lzss_tree.h"
 #include "tests/packages/lzss_plain_encoder.h"
 
 namespace {
@@ -249,7 +249,7 @@ Bytes Symbols(std::uint8_t header, const std::vector<unsigned>& symbols) {
   Nox::LzssSink sink(stream.data(), stream.size());
   sink.Put8(header);
   Nox::LzssBitWriter bits(sink);
-  Nox::LzssTree tree(Nox::kLzssMainSymbols);
+  Nox::LzssEncoderTree tree(Nox::kLzssMainSymbols);
   for (const unsigned symbol : symbols) {
     const Nox::LzssCode code = tree.Encode(symbol);
     bits.Put(code.bits, code.count);
