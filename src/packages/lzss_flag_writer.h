@@ -20,8 +20,8 @@ class LzssFlagGroup {
   void Finish();
 
  private:
-  // 32 tokens of a length or count byte and a word, or a run, need no more.
-  static constexpr std::size_t kMaxBytes = 16 * (1 + kLzssMaxRun);
+  // A run that had its first flag in the word before, 15 more in full, and in the last flag a match.
+  static constexpr std::size_t kMaxBytes = 16 * (1 + kLzssMaxRun) + 3;
 
   void Write();
 

@@ -37,7 +37,7 @@ class LzssStreamEncoder {
     bool Drain() override { return Flush(); }
 
    private:
-    // The largest group of the flag coding and its word.
+    // Room for the largest group of the flag coding, without its word.
     std::array<std::uint8_t, 4148> block_;
     WriteBytes write_;
   };

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -177,6 +178,27 @@ TEST(Lzss, FinderAgreesWithPlainSearch) {
     EXPECT_EQ(plain, data);
     EXPECT_EQ(Decoded(expected, data.size()), data);
   }
+}
+
+// Bytes in which no three follow one another twice, so that no match is in them.
+Bytes WithoutMatches(std::size_t size) {
+  std::mt19937 random(1);
+  std::set<std::vector<std::uint8_t>> seen;
+  Bytes data{0, 1};
+  while (data.size() < size) {
+    data.push_back(static_cast<std::uint8_t>(random()));
+    if (!seen.insert({data.end() - 3, data.end()}).second) data.pop_back();
+  }
+  return data;
+}
+
+// A group of flags is fullest if it begins with the end of a run and ends with a match.
+TEST(Lzss, FullestGroupHasRoom) {
+  Bytes data(9, 0xA5);  // a literal and a match, three flags in all
+  const Bytes runs = WithoutMatches(30 * 258);
+  data.insert(data.end(), runs.begin(), runs.end());
+  data.insert(data.end(), runs.end() - 300, runs.end());
+  EXPECT_EQ(Decoded(Coded(data, 6, data.size() + 1), data.size()), data);
 }
 
 TEST(Lzss, ChoosesFormBySizeLevelAndCapacity) {
