@@ -45,7 +45,7 @@ rm -r downloads/faulty downloads/make_meshes
 run $first installfrompath "$demo/downloads"
 run $first status "$loco"
 for config in downloads/*/config.txt; do
-  kuid=$(grep -aoiE '<kuid2?:[0-9:]+>' "$config" | head -1)
+  kuid=$(grep -aoiE '<kuid2?:[0-9:]+>' "$config" | sed -n 1p)
   kuids+=("$kuid")
   run $first commit "$kuid"
 done
@@ -92,7 +92,7 @@ run --fails $second status "$loco"
 
 echo
 echo "== What lies on the disk now"
-(cd second && find . -type f -not -path './data/*' | sort | head -40)
+(cd second && find . -type f -not -path './data/*' -not -path './bin/QELData/*' | sort | sed -n '1,40p')
 echo "... $(find second/local -type f | wc -l) files of assets in $demo/second/local"
 echo
 echo "The package: $(stat -c %s valley.cdp) bytes. Both installations stay in $demo."
