@@ -59,7 +59,8 @@ class LzssDecoderTree final : private LzssTree {
 
   unsigned unchanged_ = 0;  // symbols since the last change among the uppermost nodes, up to kWait
   std::array<Way, 1U << kTableBits> table_;
-  unsigned lowest_ = kRoot;  // place of the nodes that the table leads past
+  // Of the places that the table leads past. Depth and place needn't agree among nodes of the same weight.
+  unsigned lowest_ = kRoot;
 };
 
 }  // namespace Nox

@@ -43,9 +43,10 @@ LzssMatchFinder::LzssMatchFinder(const LzssWindow& window, unsigned goodLength, 
       head_(std::make_unique<Entry[]>(std::size_t{1} << slotBits_)),
       previous_(std::make_unique<Entry[]>(bufferSize + 1)) {}
 
-inline void LzssMatchFinder::Insert(std::size_t position, std::uint32_t threeBytes) {
+// Of `bytes` the lowest three count.
+inline void LzssMatchFinder::Insert(std::size_t position, std::uint32_t bytes) {
   constexpr std::uint32_t kMix = 0x9E3779B1;
-  Entry& head = head_[(threeBytes << 8) * kMix >> (32 - slotBits_)];
+  Entry& head = head_[(bytes << 8) * kMix >> (32 - slotBits_)];
   previous_[position + 1] = head;
   head = static_cast<Entry>(position + 1);
 }

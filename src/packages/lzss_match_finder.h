@@ -51,7 +51,7 @@ class LzssMatchFinder {
     }
   }
   bool InsertSome();
-  void Insert(std::size_t position, std::uint32_t threeBytes);
+  void Insert(std::size_t position, std::uint32_t bytes);
   void Scan(std::size_t position);
   unsigned LowestEntry(std::size_t position) const;
   LzssMatch FindLonger(std::size_t position, LzssMatch match, unsigned low, unsigned limit);

@@ -13,8 +13,8 @@
 
 namespace {
 
-// The tree as the format tells it, step by step. Both sides of the codec share their counting, so only another
-// way of it can show that they are wrong together.
+// The tree as the format tells it, step by step. Both sides of the codec share their counting, so only
+// another way of it can show that they are wrong together.
 class PlainTree {
  public:
   explicit PlainTree(int symbols) : nodeOf_(static_cast<std::size_t>((symbols + 1) / 2 * 2)) {
