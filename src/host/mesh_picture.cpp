@@ -20,6 +20,8 @@ constexpr float kMargin = 24;
 constexpr float kYaw = 0.62F;    // radians: how far the viewer stands to the right
 constexpr float kPitch = 0.42F;  // and above
 constexpr float kAmbient = 0.38F;
+// Metres. Nothing that is farther off is meant, and areas of more would be no numbers.
+constexpr float kFarthest = 1e12F;
 
 using Nox::Vector3;
 
@@ -61,7 +63,8 @@ std::optional<Vector3> PositionAt(const Nox::ConstStream& positions, uint32_t ve
   if (vertex >= count) return std::nullopt;
   Vector3 point;
   std::memcpy(&point, positions.At(vertex), sizeof point);
-  if (!std::isfinite(point.x + point.y + point.z)) return std::nullopt;
+  const float reach = std::abs(point.x) + std::abs(point.y) + std::abs(point.z);
+  if (!(reach < kFarthest)) return std::nullopt;
   return Turn(point);
 }
 
