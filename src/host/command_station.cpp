@@ -156,6 +156,7 @@ ExitCode Author(Host& host, const Options& options) {
 ExitCode Description(Host& host, const Options& options) {
   if (!host.Open()) return ExitCode::kNoInstallation;
   const auto downloads = MakeDownloads(options.network, InstallationCache());
+  host.LetOthersIn();
   const DownloadHandle task =
       downloads->RequestDownload(DescriptionUrl(downloads->Settings().webServer, options.kuid));
   std::string path;
@@ -176,6 +177,7 @@ ExitCode Description(Host& host, const Options& options) {
 ExitCode Thumbnail(Host& host, const Options& options) {
   if (!host.Open()) return ExitCode::kNoInstallation;
   const auto downloads = MakeDownloads(options.network, InstallationCache());
+  host.LetOthersIn();
   const DownloadHandle task =
       downloads->RequestDownload(ThumbnailUrl(downloads->Settings().webServer, options.kuid));
   std::string path;

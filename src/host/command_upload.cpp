@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "database/operations/upload.h"
@@ -9,9 +10,11 @@
 #include "host/arguments.h"
 #include "host/command.h"
 #include "host/host.h"
+#include "host/interrupt.h"
 #include "host/json_writer.h"
 #include "host/log_messages.h"
 #include "host/network.h"
+#include "net/transfer/download_manager.h"
 
 namespace morvex::host {
 
@@ -29,9 +32,16 @@ ExitCode Upload(Host& host, const Options& options) {
     kuids.AddUnique(kuid);
   const auto downloads = MakeDownloads(options.network, InstallationCache());
   ResultsLog log;
-  ZEBUploadAssets(kuids, log, *downloads);
-  PrintLog(host.console(), log);
+  bool isOnItsWay = false;
+  ZEBUploadAssets(kuids, log, *downloads, [&](DownloadTask& task) {
+    if (!std::exchange(isOnItsWay, true)) host.LetOthersIn();
+    if (IsInterrupted()) task.Cancel();
+  });
   const bool isSent = log.ErrorCount() == 0;
+  const bool isBrokenOff = !isSent && isOnItsWay && IsInterrupted();
+  PrintLog(host.console(), log);
+  if (isBrokenOff)
+    host.console().Note("Broken off before the station answered; it may have taken the assets all the same.");
   if (host.WantsJson()) {
     JsonWriter json(host.console().Out());
     json.BeginObject().Key("sent").Bool(isSent).Key("kuids").BeginArray();
@@ -39,6 +49,7 @@ ExitCode Upload(Host& host, const Options& options) {
       json.Text(kuid.TagText());
     json.EndArray().EndObject();
   }
+  if (isBrokenOff) return ExitCode::kInterrupted;
   return isSent ? ExitCode::kSuccess : ExitCode::kFailed;
 }
 

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -76,16 +77,16 @@ class DataWriter {
   }
 
   void WriteProblems(const ReportAsset& asset) {
-    std::map<char, bool> kinds;
+    std::set<char> kinds;
     json_.BeginArray();
     for (const ReportProblem& problem : asset.problems) {
       const char kind = static_cast<char>(problem.kind);
       json_.BeginArray().Text({&kind, 1}).Text(problem.text).EndArray();
-      kinds[kind] = true;
+      kinds.insert(kind);
     }
     json_.EndArray();
-    for (const auto& [kind, occurs] : kinds)
-      counts_[kind] += occurs ? 1 : 0;
+    for (const char kind : kinds)
+      ++counts_[kind];
   }
 
   void WriteMissing() {

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* kUploadPath = "/games/gamefiles/morvex/scripts/DLS_CDP_upload.php";
 constexpr const char* kPackageName = "upload.cdp";
-constexpr std::chrono::seconds kPollTime(1);
+constexpr std::chrono::milliseconds kPollTime(100);
 
 const Nox::PString kResult("result");
 
@@ -93,7 +93,8 @@ bool ReadFailure(const DownloadTask& task, std::string& failure) {
 
 }  // namespace
 
-void ZEBUploadAssets(const KUIDList& kuids, ResultsLog& log, DownloadManager& downloads) {
+void ZEBUploadAssets(const KUIDList& kuids, ResultsLog& log, DownloadManager& downloads,
+                     const UploadWatch& watch) {
   KUIDList sent;
   std::string package = MakeUploadPackage(kuids, sent, log);
   if (package.empty()) return;
@@ -101,6 +102,7 @@ void ZEBUploadAssets(const KUIDList& kuids, ResultsLog& log, DownloadManager& do
   const DownloadHandle task = downloads.PostData(UploadUrl(downloads), MakeForm(std::move(package)));
   if (!task) return;
   while (!task->WaitUntilFinished(kPollTime)) {
+    if (watch) watch(*task);
   }
   const auto fail = [&](const char* key, const auto& argument) {
     log.Add(Severity::kError, MorvexPropertyPtr(), GetInterfaceString(key), 0, argument);
