@@ -30,14 +30,15 @@ scripts/build.sh fuzz
 ctest --test-dir build/fuzz --output-on-failure --parallel "$(nproc)" --timeout 600
 
 step "Fuzz targets"
-for target in build/fuzz/fuzz/fuzz_*; do
-  [ -x "$target" ] || continue
-  name=${target##*/fuzz_}
+fuzz() {
+  local name=${1##*/fuzz_} found
   found=$(mktemp -d)
   echo "fuzz_$name"
   # A fixed seed, so that a run that passed passes again.
-  "$target" -seed=1 -runs=20000 -max_total_time=5 -timeout=120 -rss_limit_mb=4096 \
-    -artifact_prefix="$found/" "$found" "fuzz/corpus/$name" >"$found.log" 2>&1 || { tail -40 "$found.log"; exit 1; }
-done
+  "$1" -seed=1 -runs=20000 -max_total_time=5 -timeout=120 -rss_limit_mb=4096 -artifact_prefix="$found/" \
+    "$found" "fuzz/corpus/$name" >"$found.log" 2>&1 || { tail -40 "$found.log"; return 1; }
+}
+export -f fuzz
+printf '%s\0' build/fuzz/fuzz/fuzz_* | xargs -0 -n 1 -P "$(nproc)" bash -euc 'fuzz "$1"' fuzz
 
 step "All tests passed"
