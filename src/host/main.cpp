@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   stdout = stderr;
   const auto code = static_cast<int>(morvex::host::RunCommandLine(argc, argv));
+  std::cout.flush();
   // The services of the library end with the process.
   Nox::TerminateProcess(static_cast<std::uint8_t>(code),
                         static_cast<std::uint8_t>(morvex::host::ExitCode::kFailed));
