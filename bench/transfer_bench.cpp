@@ -19,9 +19,9 @@ using namespace morvex;
 constexpr std::uintmax_t kFileSize = std::uintmax_t{1} << 30;
 
 struct Setup {
-  Setup() : server("location /chunked/ { alias @DIR@/root/; ssi on; ssi_types *; }") {
+  Setup() : server("location /chunked/ { alias @DIR@/served/; ssi on; ssi_types *; }") {
     server.Put("file.bin", "");
-    std::filesystem::resize_file(server.Root() + "/file.bin", kFileSize);
+    std::filesystem::resize_file(server.Served() + "/file.bin", kFileSize);
   }
   URL Url(const std::string& scheme, const std::string& path) const {
     const std::uint16_t port = scheme == "https" ? server.TlsPort() : server.Port();

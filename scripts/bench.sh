@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures: the benchmark programs of bench/, then whole runs of an installed tool against peers beside it.
-# Usage: scripts/bench.sh [--scale 0.1] [--rounds 5] [--only starts,index,rebuild,packages,commit,report]
+# Usage: scripts/bench.sh [--scale 0.1] [--rounds 5] [--only starts,index,rebuild,packages,commit,report,fetch]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

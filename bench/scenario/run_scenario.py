@@ -11,6 +11,7 @@ import os
 import pathlib
 import random
 import shutil
+import socket
 import statistics
 import struct
 import subprocess
@@ -106,6 +107,38 @@ def measure(command, cwd):
     wall = time.perf_counter() - start
     process.returncode = os.waitstatus_to_exitcode(status)
     return wall, used.ru_utime + used.ru_stime, used.ru_maxrss * 1024, process.returncode
+
+
+NGINX = """
+daemon off;
+master_process off;
+pid @DIR@/pid;
+events {}
+http {
+  access_log off;
+  client_body_temp_path @DIR@/bodies;
+  proxy_temp_path @DIR@/proxy;
+  fastcgi_temp_path @DIR@/fastcgi;
+  uwsgi_temp_path @DIR@/uwsgi;
+  scgi_temp_path @DIR@/scgi;
+  sendfile on;
+  server {
+    listen 127.0.0.1:@PORT@;
+    root @DIR@/served;
+  }
+}
+"""
+
+
+def await_port(port):
+    """Waits until a server of this machine takes connections."""
+    for _ in range(500):
+        try:
+            socket.create_connection(("127.0.0.1", port)).close()
+            return
+        except OSError:
+            time.sleep(0.01)
+    sys.exit("the server doesn't start")
 
 
 # A run's peak memory counts from its fork, so all are started by a process that was forked before this one grew.
@@ -275,6 +308,34 @@ class Scenario:
         print(f"    page {page.stat().st_size / 1e6:.1f} MB")
         shutil.rmtree(root)
 
+    def fetch(self):
+        """A file of 1 GB, which is a hole on the disk, from an nginx of its own."""
+        folder = self.work / "fetch"
+        (folder / "served").mkdir(parents=True)
+        with (folder / "served" / "file.bin").open("wb") as file:
+            file.truncate(int(2**30 * self.scale))
+        with socket.create_server(("127.0.0.1", 0)) as unused:
+            port = unused.getsockname()[1]
+        (folder / "nginx.conf").write_text(NGINX.replace("@DIR@", str(folder)).replace("@PORT@", str(port)))
+        server = subprocess.Popen(["/usr/sbin/nginx", "-p", str(folder), "-e", str(folder / "errors"),
+                                   "-c", str(folder / "nginx.conf")])
+        try:
+            await_port(port)
+            url, target = f"http://127.0.0.1:{port}/file.bin", folder / "target"
+
+            def forget():
+                target.unlink(missing_ok=True)
+
+            ours, peer = self.pairs([str(self.installed / "bin" / "MorvexHost"), "fetch", url, "-o", str(target)],
+                                    ["curl", "-s", "-o", str(target), url], forget, forget, rounds=2 * self.rounds + 1)
+            self.row("fetch of 1 GB / curl: wall", ours[0] / peer[0], 1.25, 1)
+            self.row("fetch of 1 GB / curl: processor", ours[1] / peer[1], 1.25, 1)
+            self.row("fetch: peak memory / curl", ours[2] / peer[2], 2, 1.2)
+        finally:
+            server.terminate()
+            server.wait()
+            shutil.rmtree(folder)
+
     def starts(self):
         root = self.installation("empty")
         run(self.tool(root, "version"))
@@ -290,7 +351,7 @@ def main():
     parser.add_argument("peers")
     parser.add_argument("--scale", type=float, default=1.0)
     parser.add_argument("--rounds", type=int, default=5)
-    parser.add_argument("--only", default="starts,index,rebuild,packages,commit,report")
+    parser.add_argument("--only", default="starts,index,rebuild,packages,commit,report,fetch")
     chosen = parser.parse_args()
     run(["true"])
     scenario = Scenario(chosen.installation, chosen.peers, chosen.scale, chosen.rounds)

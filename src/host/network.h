@@ -27,8 +27,10 @@ void AddNetworkOptions(CLI::App& command, NetworkOptions& options);
 // The same and those of the download station's server. The password comes from the variable MORVEX_PASSWORD.
 void AddServerOptions(CLI::App& command, NetworkOptions& options);
 
-// A manager of downloads over a cache folder. Peers must show valid certificates, unless the user said otherwise.
-std::unique_ptr<DownloadManager> MakeDownloads(const NetworkOptions& options, const std::string& cacheFolder);
+// A manager of downloads over a cache folder, or without one. Peers must show valid certificates, unless the user
+// said otherwise.
+std::unique_ptr<DownloadManager> MakeDownloads(const NetworkOptions& options,
+                                               const std::string& cacheFolder = {});
 // The cache of the open installation.
 std::string InstallationCache();
 

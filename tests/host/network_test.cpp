@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
+#include <filesystem>
 
 #include "tests/host/host_run.h"
+#include "tests/net/hostile_peer.h"
 #include "tests/net/station_server.h"
 
 namespace {
@@ -77,9 +80,38 @@ TEST_F(HostNetwork, FetchesOnlyFromThoseWhoCanShowWhoTheyAre) {
   const rapidjson::Document fetched = place_.Json({"fetch", url, "-o", file, "--insecure"}, code);
   EXPECT_EQ(code, 0);
   EXPECT_EQ(fetched["size"].GetInt64(), 300000);
+  EXPECT_EQ(fetched["resumed_from"].GetInt64(), 0);
   EXPECT_EQ(ReadFile(file), std::string(300000, 'v'));
   EXPECT_EQ(place_.Host({"fetch", "no address", "-o", file}).code, 2);
   EXPECT_EQ(ReadFile(file).size(), 300000U);
+}
+
+// Needs no installation, and none of what it has is touched.
+TEST(HostFetch, GoesOnWhereItWasCut) {
+  const HostInstallation place;
+  std::atomic<int> connections = 0;
+  const HostilePeer peer([&](PeerSocket& connection) {
+    connection.ReadUpTo("\r\n\r\n");
+    const std::string version = "ETag: \"v1\"\r\n";
+    connection.Send(++connections == 1 ? "HTTP/1.1 200 OK\r\n" + version + "Content-Length: 10\r\n\r\n01234"
+                                       : "HTTP/1.1 206 Partial\r\n" + version +
+                                             "Content-Range: bytes 5-9/10\r\nContent-Length: 5\r\n\r\n56789");
+  });
+  const std::string url = "http://127.0.0.1:" + std::to_string(peer.Port()) + "/valley.cdp";
+  const std::string file = place / "fetched";
+  const std::vector<std::string> fetch = {"fetch", url, "-o", file, "--root", place / "none"};
+  const ToolResult cut = place.Host(fetch);
+  EXPECT_EQ(cut.code, 4);
+  EXPECT_NE(cut.err.find("goes on"), std::string::npos) << cut.err;
+  EXPECT_FALSE(std::filesystem::exists(file));
+
+  int code = -1;
+  const rapidjson::Document fetched = place.Json(fetch, code);
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(fetched["size"].GetInt64(), 10);
+  EXPECT_EQ(fetched["resumed_from"].GetInt64(), 5);
+  EXPECT_EQ(ReadFile(file), "0123456789");
+  EXPECT_FALSE(std::filesystem::exists(place / "cache/internet"));
 }
 
 }  // namespace

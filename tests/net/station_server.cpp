@@ -32,7 +32,7 @@ StationServer::StationServer() {
 }
 
 void StationServer::SetAnswer(const std::string& script, const std::string& text) {
-  const std::filesystem::path path = nginx_->Root() + kScripts + script;
+  const std::filesystem::path path = nginx_->Served() + kScripts + script;
   std::filesystem::create_directories(path.parent_path());
   PutText(path, text);
 }

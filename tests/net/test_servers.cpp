@@ -29,7 +29,7 @@ http {
   sendfile on;
   types { text/html html; }
   default_type application/octet-stream;
-  root @DIR@/root;
+  root @DIR@/served;
   server {
     listen 127.0.0.1:@PORT@;
     @LOCATIONS@
@@ -53,7 +53,7 @@ isolate=NO
 isolate_network=NO
 anonymous_enable=YES
 local_enable=NO
-anon_root=@DIR@/root
+anon_root=@DIR@/served
 delay_failed_login=0
 deny_email_enable=YES
 banned_email_file=@DIR@/banned
@@ -83,7 +83,7 @@ TestCertificate::TestCertificate(const ScratchFolder& folder, const std::string&
 
 NginxServer::NginxServer(const std::string& locations, const std::string& certificateNames)
     : certificate_(folder_, certificateNames) {
-  std::filesystem::create_directory(Root());
+  std::filesystem::create_directory(Served());
   std::string configuration = kNginx;
   Fill(configuration, "@LOCATIONS@", locations);
   Fill(configuration, "@DIR@", folder_.path());
@@ -99,7 +99,7 @@ NginxServer::NginxServer(const std::string& locations, const std::string& certif
 }
 
 FtpServer::FtpServer() {
-  std::filesystem::create_directory(folder_ / "root");
+  std::filesystem::create_directory(folder_ / "served");
   std::string configuration = kVsftpd;
   Fill(configuration, "@DIR@", folder_.path());
   Fill(configuration, "@PORT@", std::to_string(Port()));

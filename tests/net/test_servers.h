@@ -27,8 +27,9 @@ class NginxServer {
   std::uint16_t Port() const { return port_.Number(); }
   std::uint16_t TlsPort() const { return tlsPort_.Number(); }
   // Gives a file to serve; its name may have folders that are there.
-  void Put(const std::string& name, const std::string& content) { PutText(Root() + "/" + name, content); }
-  std::string Root() const { return folder_ / "root"; }
+  void Put(const std::string& name, const std::string& content) { PutText(Served() + "/" + name, content); }
+  // The folder of these files.
+  std::string Served() const { return folder_ / "served"; }
   std::string Folder() const { return folder_.path(); }
   const std::string& CertificateFile() const { return certificate_.certificate; }
   // The request lines so far, one a line.
@@ -50,7 +51,7 @@ class FtpServer {
 
   std::uint16_t Port() const { return port_.Number(); }
   void Put(const std::string& name, const std::string& content) {
-    PutText(folder_ / "root/" + name, content);
+    PutText(folder_ / "served/" + name, content);
   }
 
  private:

@@ -24,7 +24,7 @@ constexpr const char* kLocations = R"(
   location /give { add_header Set-Cookie "a=1; Path=/"; add_header Set-Cookie "b=2"; return 200 "given"; }
   location /show { return 200 "[$http_cookie]"; }
   location /broken { return 500 "no"; }
-  location /last { keepalive_requests 1; root @DIR@/root; }
+  location /last { keepalive_requests 1; root @DIR@/served; }
   location /post { client_body_in_file_only on; proxy_pass http://127.0.0.1:@PORT@/posted; }
   location /posted { return 200 "thanks"; }
 )";
@@ -97,7 +97,7 @@ TEST_F(NginxTest, ServesPlainAndOverTls) {
 
 TEST_F(NginxTest, SendsChunks) {
   const std::string large = LargeText(300000);
-  std::filesystem::create_directory(server_.Root() + "/chunked");
+  std::filesystem::create_directory(server_.Served() + "/chunked");
   server_.Put("chunked/page", large);
   Connect(Url("/"));
   EXPECT_TRUE(Get(Url("/chunked/page")) == large);

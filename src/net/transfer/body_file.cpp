@@ -7,14 +7,25 @@
 
 namespace morvex {
 
-bool BodyFile::Create(std::string_view path) {
-  storingFailed_ = !file_.Open(path, Nox::OpenMode::kCreate);
+bool BodyFile::Open(std::string_view path, std::uint64_t offset) {
+  received_ = offset;
+  if (offset == 0) {
+    storingFailed_ = !file_.Open(path, Nox::OpenMode::kCreate);
+  } else {
+    storingFailed_ = !file_.Open(path, Nox::OpenMode::kUpdate) || file_.Size() < offset ||
+                     !file_.Seek(static_cast<std::int64_t>(offset));
+  }
   return !storingFailed_;
 }
 
-bool BodyFile::Continue(std::string_view path, std::uint64_t offset) {
-  storingFailed_ = !file_.Open(path, Nox::OpenMode::kUpdate) || file_.Size() < offset ||
-                   !file_.Seek(static_cast<std::int64_t>(offset));
+void BodyFile::Drop() {
+  received_ = 0;
+  drops_ = true;
+}
+
+bool BodyFile::StartOver() {
+  received_ = 0;
+  storingFailed_ = !file_.Truncate(0) || !file_.Seek(0);
   return !storingFailed_;
 }
 
@@ -41,8 +52,8 @@ bool BodyFile::Close() {
 }
 
 bool BodyFile::Store(std::span<const std::uint8_t> bytes) {
-  storingFailed_ = bytes.size() > largest_ - std::min(largest_, received_.load()) ||
-                   file_.Write(bytes.data(), bytes.size()) != bytes.size();
+  const bool isTooLong = bytes.size() > largest_ - std::min(largest_, received_.load());
+  storingFailed_ = isTooLong || (!drops_ && file_.Write(bytes.data(), bytes.size()) != bytes.size());
   if (!storingFailed_) received_ += bytes.size();
   return !storingFailed_;
 }

@@ -11,18 +11,20 @@ namespace morvex {
 
 class InputBuffer;
 
-// The local file that a body goes into, as it comes in. The bytes are counted where other threads can see how far
-// it is.
+// The local file that a body goes into, as it comes in; or nothing, for one that nobody wants. The bytes are counted
+// where other threads can see how far it is.
 class BodyFile {
  public:
-  // `received` counts on from what it is, and must outlive this.
+  // `received` becomes how many bytes of the body there are, those of an offset as well, and must outlive this.
   BodyFile(std::atomic<std::uint64_t>& received, std::uint64_t largest)
       : received_(received), largest_(largest) {}
 
-  // Makes the file.
-  [[nodiscard]] bool Create(std::string_view path);
-  // Opens a file that is there behind its first `offset` bytes.
-  [[nodiscard]] bool Continue(std::string_view path, std::uint64_t offset);
+  // Makes the file; with an offset, opens one that is there behind that many of its bytes.
+  [[nodiscard]] bool Open(std::string_view path, std::uint64_t offset = 0);
+  // The bytes that come go nowhere.
+  void Drop();
+  // Takes what comes from here on for the start of the file.
+  [[nodiscard]] bool StartOver();
 
   // Takes `length` bytes out of the input. False if it ends before, or can't be stored.
   [[nodiscard]] bool Receive(InputBuffer& input, std::uint64_t length);
@@ -40,6 +42,7 @@ class BodyFile {
   Nox::File file_;
   std::atomic<std::uint64_t>& received_;
   const std::uint64_t largest_;
+  bool drops_ = false;
   bool storingFailed_ = false;
 };
 

@@ -39,13 +39,15 @@ bool IsPlainName(std::string_view name) {
 
 }  // namespace
 
-DownloadCache::DownloadCache(std::string_view folder)
-    : place_(TakePlace(folder)), entries_(ReadCacheIndex(Folder())) {
+DownloadCache::DownloadCache(std::string_view folder) : place_(TakePlace(folder)) {
+  if (Folder().empty()) return;
+  entries_ = ReadCacheIndex(Folder());
   Repair();
 }
 
 DownloadCache::Place DownloadCache::TakePlace(std::string_view wanted) {
   Place place;
+  if (wanted.empty()) return place;
   for (int number = 1; number <= kMaxPlaces && !place.lock; ++number) {
     place.folder = number == 1 ? std::string(wanted) : std::string(wanted) + "-" + std::to_string(number);
     Nox::File::Md(place.folder);
@@ -167,13 +169,14 @@ void DownloadCache::DeleteDropped(const std::function<bool(const std::string& pa
 std::optional<std::string> DownloadCache::MakeFile(std::string_view extension) const {
   std::string path;
   Nox::File file;
-  if (!CreateTemporaryFilePath(Nox::PString(), Folder(), "file", extension, path) || !file.CreateNew(path))
+  if (Folder().empty() || !CreateTemporaryFilePath(Nox::PString(), Folder(), "file", extension, path) ||
+      !file.CreateNew(path))
     return std::nullopt;
   return path;
 }
 
 std::optional<std::string> DownloadCache::PathOf(std::string_view name) const {
-  if (!IsPlainName(name)) return std::nullopt;
+  if (Folder().empty() || !IsPlainName(name)) return std::nullopt;
   return Nox::Path::AddPath(Folder(), name);
 }
 

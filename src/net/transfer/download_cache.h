@@ -21,8 +21,9 @@ namespace morvex {
 // Any thread; the lock is innermost.
 class DownloadCache {
  public:
-  // `folder` is an absolute path. Reads the index and puts right what a run that was killed, or somebody else, left
-  // behind: entries whose time is over or whose file isn't as they say go, and so does every file without one.
+  // `folder` is an absolute path; an empty one makes a cache that has nothing and makes no file. Reads the index and
+  // puts right what a run that was killed, or somebody else, left behind: entries whose time is over or whose file
+  // isn't as they say go, and so does every file without one.
   explicit DownloadCache(std::string_view folder);
 
   // Whether the result of a URL can be kept: it has no query, and its text can stand in the index.

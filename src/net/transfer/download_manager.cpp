@@ -8,6 +8,7 @@
 #include <tuple>
 
 #include "engine/file.h"
+#include "net/transfer/file_fetch.h"
 #include "net/transfer/portal_login.h"
 
 namespace morvex {
@@ -70,6 +71,20 @@ DownloadHandle DownloadManager::PostData(const URL& url, const TagContainer& fie
   const std::lock_guard guard(lock_);
   if (stopping_) return {};
   return Hold(NewTask(url, kDownloadUncached, fields));
+}
+
+// Nothing of it is ever handed out again, nor is its file the cache's.
+DownloadHandle DownloadManager::DownloadToFile(const URL& url, std::string_view path, std::uint32_t flags) {
+  const std::lock_guard guard(lock_);
+  if (stopping_) return {};
+  DownloadTask& task = AddTask(url, kDownloadUncached | kDownloadAnew);
+  task.mayShare_ = false;
+  task.isLocal_ = true;
+  task.localPath_ = path;
+  task.Start([this, &task, anew = (flags & kDownloadAnew) != 0] {
+    return FetchToFile(task.url_, task.localPath_, anew, task.control_, support_);
+  });
+  return Hold(task);
 }
 
 DownloadHandle DownloadManager::Hold(DownloadTask& task) {

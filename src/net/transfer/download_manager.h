@@ -50,7 +50,8 @@ class DownloadHandle {
 class DownloadManager {
  public:
   // `cacheFolder` is an absolute path, of a folder that is for nothing else: what its index doesn't name is deleted.
-  explicit DownloadManager(std::string_view cacheFolder);
+  // Without one there is no cache, and only DownloadToFile brings anything.
+  explicit DownloadManager(std::string_view cacheFolder = {});
   // Cancels what still runs, and waits for it. No handle may be left.
   ~DownloadManager();
   DownloadManager(const DownloadManager&) = delete;
@@ -59,6 +60,11 @@ class DownloadManager {
   // The task that fetches this URL: one that is there, or a new one, which starts at once. Waits if a cancelled
   // task of the URL has yet to end. `flags` are of download_task.h; what has a query is never cached.
   [[nodiscard]] DownloadHandle RequestDownload(const URL& url, std::uint32_t flags = 0);
+  // A new task that fetches to `path`, an absolute one, past the cache and for nobody else. What comes goes to
+  // "<path>.part" and takes its place when it is whole: until then the file that may be there stays as it is. However
+  // the task ends, what has come stays, and the next one for the same URL and path goes on with it if the server says
+  // that its file is still the same. kDownloadAnew forgets it. Fails if another task, of any process, has that part.
+  [[nodiscard]] DownloadHandle DownloadToFile(const URL& url, std::string_view path, std::uint32_t flags = 0);
   // A new task that posts a form: each tag is a field; a container with `filedata` and `filename` is a file.
   [[nodiscard]] DownloadHandle PostData(const URL& url, const TagContainer& fields);
 
@@ -92,6 +98,7 @@ class DownloadManager {
   DownloadHandle Hold(DownloadTask& task);
   DownloadTask* TakeBack(const URL& url);
   DownloadTask* FindActive(const URL& url) const;
+  DownloadTask& AddTask(const URL& url, std::uint32_t flags);
   DownloadTask& NewTask(const URL& url, std::uint32_t flags, const TagContainer& fields);
   void ResolveLocally(DownloadTask& task);
   void StartTask(DownloadTask& task, const TagContainer& fields);

@@ -33,10 +33,14 @@ std::string ExtensionOf(const URL& url) {
 
 }  // namespace
 
-DownloadTask& DownloadManager::NewTask(const URL& url, std::uint32_t flags, const TagContainer& fields) {
+DownloadTask& DownloadManager::AddTask(const URL& url, std::uint32_t flags) {
   active_.push_back(std::unique_ptr<DownloadTask>(new DownloadTask(url)));
-  DownloadTask& task = *active_.back();
-  task.flags_ = DownloadCache::CanKeep(url) ? flags : flags | kDownloadUncached;
+  active_.back()->flags_ = flags;
+  return *active_.back();
+}
+
+DownloadTask& DownloadManager::NewTask(const URL& url, std::uint32_t flags, const TagContainer& fields) {
+  DownloadTask& task = AddTask(url, DownloadCache::CanKeep(url) ? flags : flags | kDownloadUncached);
   task.mayShare_ = fields.GetCount() == 0;
   if (url.HasScheme("file")) {
     ResolveLocally(task);
@@ -66,14 +70,16 @@ void DownloadManager::ResolveLocally(DownloadTask& task) {
 }
 
 void DownloadManager::StartTask(DownloadTask& task, const TagContainer& fields) {
-  TransferOrder order{task.url_, fields, {}, 0};
+  TransferOrder order;
+  order.url = task.url_;
+  order.form = fields;
   std::optional<DownloadCache::Found> known;
   if ((task.flags_ & (kDownloadUncached | kDownloadAnew)) == 0) known = cache_.Find(task.url_);
   if (known) {
     task.localPath_ = known->path;
     if (known->complete) return task.Settle(TransferOutcome::Complete());
     task.status_ = Status::kPartial;
-    order.resumeFrom = Nox::File::SizeOf(known->path).value_or(0);
+    order.known.size = Nox::File::SizeOf(known->path).value_or(0);
   } else {
     const std::optional<std::string> made = cache_.MakeFile(ExtensionOf(task.url_));
     if (!made) {
@@ -85,8 +91,11 @@ void DownloadManager::StartTask(DownloadTask& task, const TagContainer& fields) 
     if (task.flags_ == 0) cache_.Begin(task.url_, task.localPath_);
   }
   order.localFile = task.localPath_;
-  task.Start(std::move(order), support_,
-             [this, &task](const TransferOutcome& outcome) { NoteEnd(task, outcome); });
+  task.Start([this, &task, order = std::move(order)] {
+    TransferOutcome outcome = RunTransfer(order, task.control_, support_);
+    NoteEnd(task, outcome);
+    return outcome;
+  });
 }
 
 // What FTP has brought so far is entered whatever became of it, so that the next one can go on there.

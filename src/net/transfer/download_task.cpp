@@ -15,15 +15,9 @@ DownloadTask::~DownloadTask() {
   if (thread_.joinable()) thread_.join();
 }
 
-void DownloadTask::Start(TransferOrder order, TransferSupport& support,
-                         std::function<void(const TransferOutcome& outcome)> settle) {
-  const auto work = [this, order = std::move(order), &support, settle = std::move(settle)] {
-    const TransferOutcome outcome = RunTransfer(order, control_, support);
-    settle(outcome);
-    Settle(outcome);
-  };
+void DownloadTask::Start(std::function<TransferOutcome()> fetch) {
   try {
-    thread_ = std::thread(work);
+    thread_ = std::thread([this, fetch = std::move(fetch)] { Settle(fetch()); });
   } catch (const std::system_error& error) {
     Settle(TransferOutcome::Failed(NetError::kNoConnection, error.what()));
   }
@@ -68,6 +62,11 @@ NetError DownloadTask::GetError() const {
 std::string DownloadTask::GetFailureText() const {
   const std::lock_guard guard(lock_);
   return outcome_.text;
+}
+
+std::uint64_t DownloadTask::GetResumedFrom() const {
+  const std::lock_guard guard(lock_);
+  return outcome_.resumedFrom;
 }
 
 void DownloadTask::Cancel() {

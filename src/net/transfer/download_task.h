@@ -21,8 +21,9 @@ inline constexpr std::uint32_t kDownloadUncached =
     1;                                             // don't answer from the cache, nor keep the result there
 inline constexpr std::uint32_t kDownloadAnew = 2;  // don't answer from the cache, and drop what it has
 
-// The fetching of one URL into a file of the cache folder, on a thread of its own. The DownloadManager makes, keeps
-// and deletes it; whoever asks for it holds it by a DownloadHandle. Several who ask for one URL share one task.
+// The fetching of one URL into a file of the cache folder, or to a place of the caller's, on a thread of its own. The
+// DownloadManager makes, keeps and deletes it; whoever asks for it holds it by a DownloadHandle. Several who ask for
+// one URL share one task, unless it is for a place of the caller's.
 //
 //   created -> wanted or partial -> complete       by its thread
 //                               \-> failed
@@ -57,8 +58,8 @@ class DownloadTask {
   // What went wrong, in words. Some are the peer's and may hold any byte.
   [[nodiscard]] std::string GetFailureText() const;
 
-  // Ends the download soon, whatever it waits for; a partial file of FTP stays for a later resume. Nothing happens
-  // to a download that is complete.
+  // Ends the download soon, whatever it waits for; a partial file of FTP, or at a place of the caller's, stays for a
+  // later resume. Nothing happens to a download that is complete.
   void Cancel();
 
   // 0 while the length is unknown, else from 0 to 1.
@@ -66,6 +67,9 @@ class DownloadTask {
   // Bytes of the file so far, and in all, 0 if unknown.
   [[nodiscard]] std::uint64_t GetBytesReceived() const;
   [[nodiscard]] std::uint64_t GetTotalBytes() const;
+
+  // Bytes of a complete file that an earlier download had left.
+  [[nodiscard]] std::uint64_t GetResumedFrom() const;
 
   // As it was asked for.
   [[nodiscard]] const URL& OriginalUrl() const { return url_; }
@@ -78,9 +82,8 @@ class DownloadTask {
   // Cancels, and waits for the thread.
   ~DownloadTask();
 
-  // Starts the thread. `settle` is told how it went before the others are.
-  void Start(TransferOrder order, TransferSupport& support,
-             std::function<void(const TransferOutcome& outcome)> settle);
+  // Starts the thread, on which `fetch` does all there is to do.
+  void Start(std::function<TransferOutcome()> fetch);
   // Ends a task that needs no thread.
   void Settle(const TransferOutcome& outcome);
 

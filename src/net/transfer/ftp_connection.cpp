@@ -52,7 +52,7 @@ bool FTPConnection::Login(std::string_view user, std::string_view password) {
 }
 
 bool FTPConnection::Retrieve(std::string_view remoteName, std::string_view localFile,
-                             std::uint64_t resumeOffset) {
+                             std::uint64_t resumeOffset, const IsBeginning& isBeginning) {
   LineBlock question;
   question.Add("type i\r\n");
   question.Add("pasv\r\n");
@@ -61,12 +61,14 @@ bool FTPConnection::Retrieve(std::string_view remoteName, std::string_view local
   order.Add("retr %s\r\n", remoteName);
   if (question.Refused()) return false;
 
-  bytesReceived_ = resumeOffset;
   bytesExpected_ = 0;
   BodyFile file(bytesReceived_, GetNetworkSettings().largestBody);
   std::uint64_t size = 0;
-  const bool opened = resumeOffset == 0 ? file.Create(localFile) : file.Continue(localFile, resumeOffset);
-  bool complete = opened && PrepareTransfer(question, size);
+  bool complete = file.Open(localFile, resumeOffset) && PrepareTransfer(question, size);
+  if (complete && isBeginning && !isBeginning(size)) {
+    resumeOffset = 0;
+    complete = file.StartOver();
+  }
   if (complete && resumeOffset < size)
     complete = StartTransfer(order, resumeOffset) && ReceiveFile(file, size - resumeOffset);
   DropDataConnection();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,10 +25,14 @@ class FTPConnection : public NetConnection {
 
   // Once, on a fresh connection. Without a user it logs in as "anonymous". True if the peer let us in.
   [[nodiscard]] bool Login(std::string_view user, std::string_view password);
+  // Whether the local file is the beginning of a file that is so large. Asked before any of it is fetched, without
+  // an offset as well.
+  using IsBeginning = std::function<bool(std::uint64_t size)>;
   // Fetches a file; with an offset, the rest of it behind that many bytes of the local file, which must be there.
-  // True if the local file is complete. Otherwise what arrived stays in it, for a later resume.
+  // All of it if these are said not to be its beginning. True if the local file is complete. Otherwise what arrived
+  // stays in it, for a later resume.
   [[nodiscard]] bool Retrieve(std::string_view remoteName, std::string_view localFile,
-                              std::uint64_t resumeOffset);
+                              std::uint64_t resumeOffset, const IsBeginning& isBeginning = {});
   // Asks whether an idle connection can be used again: ClosesAfterResponse tells.
   void Probe();
 

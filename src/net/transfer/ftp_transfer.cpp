@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "engine/file.h"
 #include "net/transfer/connection_in_use.h"
 #include "net/transfer/tcp_transport.h"
 
@@ -37,9 +36,9 @@ std::string_view RemoteName(const URL& url) {
   return path.starts_with('/') ? path.substr(1) : path;
 }
 
-// The local file is what the server said it has.
-bool HasWholeFile(const FTPConnection& connection, const std::string& localFile) {
-  return Nox::File::SizeOf(localFile).value_or(0) == connection.BytesExpected();
+// FTP says of a file's version nothing but its size.
+std::string VersionOf(std::uint64_t size) {
+  return "size " + std::to_string(size);
 }
 
 }  // namespace
@@ -55,13 +54,19 @@ TransferOutcome FetchByFtp(const TransferOrder& order, TransferControl& control,
     if (!Connect(connection, server)) return cancelled;
     if (!connection->Login(server.user, server.password)) return Failed(*connection, NetError::kLoginFailed);
   }
-  bool done = connection->Retrieve(RemoteName(order.url), order.localFile, order.resumeFrom);
-  // What is left of another version of the file goes.
-  if (done && order.resumeFrom > 0 && !HasWholeFile(*connection, order.localFile))
-    done = connection->Retrieve(RemoteName(order.url), order.localFile, 0);
-  if (!done) return Failed(*connection, NetError::kReadFailed);
+  std::uint64_t resumedFrom = order.known.size;
+  const auto isBeginning = [&](std::uint64_t size) {
+    const std::string version = VersionOf(size);
+    const bool isSame = order.known.version.empty() || order.known.version == version;
+    if (resumedFrom > 0 && resumedFrom <= size && isSame) return true;
+    resumedFrom = 0;
+    if (order.begin) order.begin(version);
+    return false;
+  };
+  if (!connection->Retrieve(RemoteName(order.url), order.localFile, resumedFrom, isBeginning))
+    return Failed(*connection, NetError::kReadFailed);
   if (!connection->ClosesAfterResponse()) support.idleFtp.Keep(server, connection.Release());
-  return TransferOutcome::Complete();
+  return TransferOutcome::Complete(resumedFrom);
 }
 
 }  // namespace morvex

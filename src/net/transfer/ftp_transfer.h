@@ -5,7 +5,7 @@
 namespace morvex {
 
 // Fetches an "ftp:" URL from its own server, over an idle connection if there is one, under one of the permits for
-// direct transfers. A partial file that the server's no longer continues is fetched anew.
+// direct transfers. A partial file that isn't the beginning of the server's is fetched anew.
 [[nodiscard]] TransferOutcome FetchByFtp(const TransferOrder& order, TransferControl& control,
                                          TransferSupport& support);
 

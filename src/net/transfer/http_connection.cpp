@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kMaxLines = 5000;
 constexpr int kMaxInterimAnswers = 100;
+constexpr std::uint64_t kLongestSkipped = 1 << 20;
 
 void AddUserAgent(LineBlock& lines) {
   const NetworkSettings settings = GetNetworkSettings();
@@ -28,7 +29,14 @@ bool IsBodiless(int code) {
 
 }  // namespace
 
-void HTTPConnection::SendGetOf(const char* scheme, const std::string& path) {
+void HTTPConnection::SendGetRest(const std::string& path, std::uint64_t offset, std::string_view version) {
+  LineBlock range;
+  range.Add("Range: bytes=%u-\r\n", offset);
+  range.Add("If-Range: %s\r\n", version);
+  SendGetOf(nullptr, path, range);
+}
+
+void HTTPConnection::SendGetOf(const char* scheme, const std::string& path, const LineBlock& last) {
   LineBlock lines;
   if (scheme != nullptr) {
     const std::string_view written = Nox::EqualsIgnoreCase(scheme, "https") ? "http" : scheme;
@@ -41,14 +49,15 @@ void HTTPConnection::SendGetOf(const char* scheme, const std::string& path) {
   lines.Add("Proxy-Connection: Keep-Alive\r\n");
   lines.Add("Connection: Keep-Alive\r\n");
   AddCookies(lines);
+  lines.Add(last);
   lines.Add("\r\n");
   Send(lines, path, {});
 }
 
 void HTTPConnection::SendPost(const URL& url, const TagContainer& fields) {
   const MultipartForm form(fields);
-  std::string path = url.PathAndQuery();
-  if (!path.starts_with('/')) path.insert(0, "/");
+  const std::string named = url.PathAndQuery();
+  const std::string path = named.starts_with('/') ? named : "/" + named;
   LineBlock lines;
   lines.Add("POST %s HTTP/1.1\r\n", path);
   AddUserAgent(lines);
@@ -105,7 +114,8 @@ bool HTTPConnection::ReadResponseHeaders() {
     response_ = HTTPResponse();
     whole = count < kMaxInterimAnswers && ReadLines(take);
   }
-  bytesExpected_ = ContentLength();
+  const bool isPart = response_.code == kPartialContent && response_.range;
+  bytesExpected_ = isPart ? response_.range->total : ContentLength();
   closeAfterResponse_ = closeAfterResponse_ || response_.closes;
   if (whole && !response_.malformed) return response_.status != HTTPStatus::kFailed;
   response_.status = HTTPStatus::kFailed;
@@ -118,14 +128,31 @@ void HTTPConnection::TakeHeader(std::string_view line) {
   if (!response_.cookie.empty()) StoreCookie(response_.cookie);
 }
 
-bool HTTPConnection::ReadBody(std::string_view fileName) {
+bool HTTPConnection::BringsRest(std::uint64_t offset, std::string_view version) const {
+  const std::optional<ContentRange>& range = response_.range;
+  return response_.code == kPartialContent && range && range->first == offset &&
+         range->last == range->total - 1 && response_.contentLength == range->total - offset &&
+         response_.transferEncoding.empty() && (Version().empty() || Version() == version);
+}
+
+bool HTTPConnection::ReadBody(std::string_view fileName, std::uint64_t offset) {
   if (!IsUsable()) return false;
   BodyFile file(bytesReceived_, GetNetworkSettings().largestBody);
-  const bool whole = file.Create(fileName) && ReceiveBody(file) && file.Close();
+  const bool whole = file.Open(fileName, offset) && ReceiveBody(file) && file.Close();
   if (!whole) BreakOff(file.StoringFailed() ? NetError::kNoLocalFile : NetError::kReadFailed);
   // What comes behind the body belongs to no request of ours.
   if (input_.HasRest()) closeAfterResponse_ = true;
   return whole && bytesReceived_ > 0;
+}
+
+void HTTPConnection::SkipBody() {
+  if (!IsUsable()) return;
+  const bool hasEnd =
+      IsBodiless(response_.code) || response_.contentLength || !response_.transferEncoding.empty();
+  BodyFile nowhere(bytesReceived_, kLongestSkipped);
+  nowhere.Drop();
+  if (!hasEnd || ContentLength() > kLongestSkipped || !ReceiveBody(nowhere)) BreakOff(NetError::kReadFailed);
+  if (input_.HasRest()) closeAfterResponse_ = true;
 }
 
 bool HTTPConnection::ReceiveBody(BodyFile& file) {

@@ -1,7 +1,9 @@
 #include "net/transfer/http_headers.h"
 
+#include <algorithm>
 #include <charconv>
 
+#include "engine/text.h"
 #include "tagdata/text_match.h"
 
 namespace morvex {
@@ -24,6 +26,39 @@ void TakeLength(HTTPResponse& response, std::string_view value) {
   response.contentLength = length;
 }
 
+// A number, and what must stand behind it; takes both off the text.
+bool TakeNumber(std::string_view& text, std::string_view behind, std::uint64_t& number) {
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  if (error != std::errc() || !text.starts_with(behind)) return false;
+  text.remove_prefix(behind.size());
+  return true;
+}
+
+// "5-9/10": the bytes from 5 to 9 of 10. A file whose size isn't told ("*") could never be known to be whole.
+void TakeRange(HTTPResponse& response, std::string_view value) {
+  ContentRange range;
+  response.range.reset();
+  if (TakeNumber(value, "-", range.first) && TakeNumber(value, "/", range.last) &&
+      TakeNumber(value, "", range.total) && range.first <= range.last && range.last < range.total)
+    response.range = range;
+}
+
+// What a peer says of its file's version is sent back to it as it stands, so it must be a text that can be.
+std::string PlainText(std::string_view value) {
+  value = Nox::Trim(value);
+  const bool isPlain =
+      std::none_of(value.begin(), value.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; });
+  return std::string(isPlain ? value : "");
+}
+
+// A weak tag ("W/...") stands for files that mean the same, but may differ in their bytes.
+void TakeEntityTag(HTTPResponse& response, std::string_view value) {
+  const std::string tag = PlainText(value);
+  const bool isStrong = tag.size() > 2 && tag.starts_with('"') && tag.ends_with('"');
+  response.entityTag = isStrong ? tag : "";
+}
+
 using Take = void (*)(HTTPResponse& response, std::string_view line, std::string_view value);
 
 struct HeaderLine {
@@ -42,6 +77,9 @@ constexpr HeaderLine kLines[] = {
     {"Location: ", [](auto& r, auto, auto value) { r.location = value; }},
     {"Transfer-Encoding: ", [](auto& r, auto, auto value) { r.transferEncoding = value; }},
     {"Content-Length: ", [](auto& r, auto, auto value) { TakeLength(r, value); }},
+    {"Content-Range: bytes ", [](auto& r, auto, auto value) { TakeRange(r, value); }},
+    {"ETag: ", [](auto& r, auto, auto value) { TakeEntityTag(r, value); }},
+    {"Last-Modified: ", [](auto& r, auto, auto value) { r.lastModified = PlainText(value); }},
     {"Proxy-Connection: close", [](auto& r, auto, auto) { r.closes = true; }},
     {"Connection: close", [](auto& r, auto, auto) { r.closes = true; }},
 };

@@ -93,6 +93,8 @@ bool HttpTransfer::Ask(HTTPConnection& connection) {
   connection.SetHost(url_.host);
   if (form_.GetCount() > 0) {
     connection.SendPost(url_, form_);
+  } else if (WantsRest()) {
+    connection.SendGetRest(url_.ToString(), known_.size, known_.version);
   } else {
     connection.SendGet(nullptr, "%s", url_.ToString());
   }
@@ -100,12 +102,8 @@ bool HttpTransfer::Ask(HTTPConnection& connection) {
 }
 
 TransferStep HttpTransfer::Finish(HTTPConnection& connection, bool answered) {
-  while (answered) {
-    const bool whole = connection.ReadBody(order_.localFile);
-    if (connection.Status() != HTTPStatus::kRedirect) {
-      if (whole) return {false, TransferOutcome::Complete()};
-      break;
-    }
+  while (answered && connection.Status() == HTTPStatus::kRedirect) {
+    connection.SkipBody();
     const URL from = url_;
     if (!trail_.Follow(url_, connection.Location())) {
       const std::string text =
@@ -118,14 +116,32 @@ TransferStep HttpTransfer::Finish(HTTPConnection& connection, bool answered) {
     answered = Ask(connection);
     if (connection.Status() == HTTPStatus::kNoResponse) return {true, {}};
   }
-  return Failed(connection);
+  return TakeBody(connection);
+}
+
+TransferStep HttpTransfer::TakeBody(HTTPConnection& connection) {
+  const int code = connection.StatusCode();
+  const bool isRest = WantsRest() && connection.BringsRest(known_.size, known_.version);
+  if (WantsRest() && !isRest && (code == kPartialContent || code == kRangeNotSatisfiable)) {
+    connection.SkipBody();
+    known_ = {};
+    return {true, {}};
+  }
+  if (connection.Status() != HTTPStatus::kSuccess || (code == kPartialContent && !isRest))
+    return Failed(connection);
+  const std::uint64_t offset = isRest ? known_.size : 0;
+  if (!isRest && order_.begin) order_.begin(connection.Version());
+  if (!connection.ReadBody(order_.localFile, offset)) return Failed(connection);
+  return {false, TransferOutcome::Complete(offset)};
 }
 
 TransferStep HttpTransfer::Failed(const HTTPConnection& connection) const {
   if (control_.IsCancelled()) return Cancelled();
   NetError error = connection.ErrorCode();
   std::string text = connection.FailureText();
-  if (error == NetError::kNone && connection.Status() == HTTPStatus::kFailed) {
+  const bool refused =
+      connection.Status() == HTTPStatus::kFailed || connection.StatusCode() == kPartialContent;
+  if (error == NetError::kNone && refused) {
     error = NetError::kReadFailed;
     text = Nox::FormatText("the server answered with status %d", connection.StatusCode());
   } else if (error == NetError::kNone) {

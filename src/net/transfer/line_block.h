@@ -17,6 +17,11 @@ class LineBlock {
     AddLine(Nox::FormatText(format, args...));
   }
 
+  void Add(const LineBlock& lines) {
+    text_ += lines.text_;
+    refused_ = refused_ || lines.refused_;
+  }
+
   void Refuse() { refused_ = true; }
   [[nodiscard]] bool Refused() const { return refused_; }
   [[nodiscard]] const std::string& Text() const { return text_; }

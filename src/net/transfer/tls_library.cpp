@@ -10,6 +10,7 @@ namespace {
 bool BindSessions(const Nox::DynamicLibrary& library, TlsLibrary& tls) {
   return library.Bind("OPENSSL_init_ssl", tls.init) && library.Bind("TLS_client_method", tls.clientMethod) &&
          library.Bind("SSL_CTX_new", tls.newContext) && library.Bind("SSL_CTX_ctrl", tls.controlContext) &&
+         library.Bind("SSL_CTX_set_default_read_buffer_len", tls.setReadBuffer) &&
          library.Bind("SSL_CTX_set_default_verify_paths", tls.useSystemStore) &&
          library.Bind("SSL_new", tls.newSession) && library.Bind("SSL_free", tls.freeSession) &&
          library.Bind("SSL_ctrl", tls.control) && library.Bind("SSL_set_bio", tls.setBio) &&
@@ -35,7 +36,8 @@ bool BindBios(const Nox::DynamicLibrary& library, TlsLibrary& tls) {
          library.Bind("BIO_meth_set_write", tls.setBioWrite) &&
          library.Bind("BIO_meth_set_ctrl", tls.setBioControl) && library.Bind("BIO_new", tls.newBio) &&
          library.Bind("BIO_set_data", tls.setBioData) && library.Bind("BIO_get_data", tls.bioData) &&
-         library.Bind("BIO_set_init", tls.setBioReady);
+         library.Bind("BIO_set_init", tls.setBioReady) && library.Bind("BIO_set_flags", tls.setBioFlags) &&
+         library.Bind("BIO_clear_flags", tls.clearBioFlags);
 }
 
 std::unique_ptr<const TlsLibrary> Load() {

@@ -14,6 +14,7 @@ struct TlsLibrary {
   decltype(&TLS_client_method) clientMethod = nullptr;
   decltype(&SSL_CTX_new) newContext = nullptr;
   decltype(&SSL_CTX_ctrl) controlContext = nullptr;
+  decltype(&SSL_CTX_set_default_read_buffer_len) setReadBuffer = nullptr;
   decltype(&SSL_CTX_set_default_verify_paths) useSystemStore = nullptr;
   decltype(&SSL_new) newSession = nullptr;
   decltype(&SSL_free) freeSession = nullptr;
@@ -43,6 +44,8 @@ struct TlsLibrary {
   decltype(&BIO_set_data) setBioData = nullptr;
   decltype(&BIO_get_data) bioData = nullptr;
   decltype(&BIO_set_init) setBioReady = nullptr;
+  decltype(&BIO_set_flags) setBioFlags = nullptr;
+  decltype(&BIO_clear_flags) clearBioFlags = nullptr;
 
   // Loads it at the first call; null if it isn't installed.
   static const TlsLibrary* Get();

@@ -10,14 +10,22 @@
 namespace morvex {
 namespace {
 
+// What one read of the socket may bring: several records, of up to 16 KiB each.
+constexpr std::size_t kReadAhead = 128 * 1024;
+
 int ReadSocket(BIO* bio, char* buffer, int length) {
-  auto* const socket = static_cast<StreamSocket*>(TlsLibrary::Get()->bioData(bio));
-  return static_cast<int>(socket->Receive(buffer, static_cast<std::size_t>(length)));
+  const TlsLibrary& tls = *TlsLibrary::Get();
+  const auto* const wire = static_cast<const TlsWire*>(tls.bioData(bio));
+  tls.clearBioFlags(bio, BIO_FLAGS_RWS | BIO_FLAGS_SHOULD_RETRY);
+  if (wire->waits || wire->socket.HasData())
+    return static_cast<int>(wire->socket.Receive(buffer, static_cast<std::size_t>(length)));
+  tls.setBioFlags(bio, BIO_FLAGS_READ | BIO_FLAGS_SHOULD_RETRY);
+  return -1;
 }
 
 int WriteSocket(BIO* bio, const char* buffer, int length) {
-  auto* const socket = static_cast<StreamSocket*>(TlsLibrary::Get()->bioData(bio));
-  return static_cast<int>(socket->Send(buffer, static_cast<std::size_t>(length)));
+  const auto* const wire = static_cast<const TlsWire*>(TlsLibrary::Get()->bioData(bio));
+  return static_cast<int>(wire->socket.Send(buffer, static_cast<std::size_t>(length)));
 }
 
 // Nothing is kept back, so there is never anything to flush.
@@ -34,11 +42,11 @@ BIO_METHOD* MakeSocketMethod(const TlsLibrary& tls) {
   return method;
 }
 
-BIO* MakeBio(const TlsLibrary& tls, StreamSocket& socket) {
+BIO* MakeBio(const TlsLibrary& tls, TlsWire& wire) {
   static BIO_METHOD* const method = MakeSocketMethod(tls);
   BIO* const bio = method == nullptr ? nullptr : tls.newBio(method);
   if (bio == nullptr) return nullptr;
-  tls.setBioData(bio, &socket);
+  tls.setBioData(bio, &wire);
   tls.setBioReady(bio, 1);
   return bio;
 }
@@ -47,6 +55,7 @@ SSL_CTX* MakeContext(const TlsLibrary& tls, bool verifyPeer) {
   SSL_CTX* const context = tls.newContext(tls.clientMethod());
   if (context == nullptr) return nullptr;
   tls.controlContext(context, SSL_CTRL_SET_READ_AHEAD, 1, nullptr);
+  tls.setReadBuffer(context, kReadAhead);
   if (verifyPeer) tls.useSystemStore(context);
   return context;
 }
@@ -97,8 +106,8 @@ std::unique_ptr<TlsSession> TlsSession::Start(StreamSocket& socket, const std::s
   SSL_CTX* const context = SharedContext(*tls, verifyPeer);
   SSL* const session = context == nullptr ? nullptr : tls->newSession(context);
   if (session == nullptr) return nullptr;
-  std::unique_ptr<TlsSession> result(new TlsSession(session));
-  BIO* const bio = MakeBio(*tls, socket);
+  std::unique_ptr<TlsSession> result(new TlsSession(session, socket));
+  BIO* const bio = MakeBio(*tls, result->wire_);
   if (bio == nullptr) return nullptr;
   tls->setBio(session, bio, bio);  // which takes it over
   if (!NamePeer(*tls, session, host, verifyPeer)) return nullptr;
@@ -115,7 +124,22 @@ TlsSession::~TlsSession() {
   TlsLibrary::Get()->freeSession(session_);
 }
 
+// The library brings one record at a time. Behind the one that is waited for go those that have come with it.
 std::ptrdiff_t TlsSession::Read(void* buffer, std::size_t length) {
+  char* const bytes = static_cast<char*>(buffer);
+  std::ptrdiff_t got = ReadRecord(bytes, length);
+  if (got <= 0) return got;
+  std::size_t done = static_cast<std::size_t>(got);
+  wire_.waits = false;
+  while (got > 0 && done < length) {
+    got = ReadRecord(bytes + done, length - done);
+    if (got > 0) done += static_cast<std::size_t>(got);
+  }
+  wire_.waits = true;
+  return static_cast<std::ptrdiff_t>(done);
+}
+
+std::ptrdiff_t TlsSession::ReadRecord(void* buffer, std::size_t length) {
   TlsLibrary::Get()->clearErrors();
   return Result(TlsLibrary::Get()->read(session_, buffer, Clamp(length)));
 }
@@ -136,10 +160,12 @@ void TlsSession::End() {
   TlsLibrary::Get()->shutdown(session_);
 }
 
-// What the library calls an error for good leaves a session that mustn't be used any more.
+// What the library calls an error for good leaves a session that mustn't be used any more. 0 where the stream has
+// ended, and where no record has come and none is waited for.
 std::ptrdiff_t TlsSession::Result(int got) {
   if (got > 0) return got;
-  if (TlsLibrary::Get()->errorOf(session_, got) == SSL_ERROR_ZERO_RETURN) return 0;
+  const int error = TlsLibrary::Get()->errorOf(session_, got);
+  if (error == SSL_ERROR_ZERO_RETURN || error == SSL_ERROR_WANT_READ) return 0;
   broken_ = true;
   return -1;
 }

@@ -10,6 +10,12 @@ namespace morvex {
 
 class StreamSocket;
 
+// What the library's reads and writes go through.
+struct TlsWire {
+  StreamSocket& socket;
+  bool waits = true;  // else reads take only what has come
+};
+
 // A TLS client's session over a socket, which must outlive it. The session's bytes take the same way as those of
 // plain connections, with their time-outs and without signals. For one thread at a time.
 class TlsSession {
@@ -30,10 +36,12 @@ class TlsSession {
   void End();
 
  private:
-  explicit TlsSession(ssl_st* session) : session_(session) {}
+  TlsSession(ssl_st* session, StreamSocket& socket) : session_(session), wire_{socket} {}
+  std::ptrdiff_t ReadRecord(void* buffer, std::size_t length);
   std::ptrdiff_t Result(int got);
 
   ssl_st* session_;
+  TlsWire wire_;
   bool broken_ = false;  // nothing more can be sent
 };
 

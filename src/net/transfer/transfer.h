@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "net/transfer/download_settings.h"
@@ -10,6 +11,7 @@
 #include "net/transfer/http_connection.h"
 #include "net/transfer/idle_pool.h"
 #include "net/transfer/login_cookies.h"
+#include "net/transfer/part_file.h"
 #include "net/transfer/transfer_control.h"
 #include "net/transfer/transfer_permits.h"
 #include "net/transfer/url.h"
@@ -35,19 +37,27 @@ struct TransferSupport {
 // What one transfer is to do.
 struct TransferOrder {
   URL url;
-  TagContainer form;             // a tag in it makes the request a POST
-  std::string localFile;         // made or replaced
-  std::uint64_t resumeFrom = 0;  // bytes that are in the local file already; FTP goes on behind them
+  TagContainer form;      // a tag in it makes the request a POST
+  std::string localFile;  // made or replaced, or gone on with
+  // What the local file holds. HTTP goes on with it if the version is known, FTP also without one.
+  FileBeginning known;
+  // Told the version of the file, or nothing, when the local file is to begin with its first byte. May be empty.
+  std::function<void(std::string_view version)> begin;
 };
 
 // How it went. `error` is kNone for a failure if the peer answered well, but with nothing.
 struct TransferOutcome {
   bool complete = false;
   NetError error = NetError::kNone;
-  std::string text;  // what went wrong, in words, as the peer and the system say it
+  std::string text;               // what went wrong, in words, as the peer and the system say it
+  std::uint64_t resumedFrom = 0;  // bytes of the file that were there before
 
-  static TransferOutcome Complete() { return {true, NetError::kNone, {}}; }
-  static TransferOutcome Failed(NetError error, std::string text) { return {false, error, std::move(text)}; }
+  static TransferOutcome Complete(std::uint64_t resumedFrom = 0) {
+    return {true, NetError::kNone, {}, resumedFrom};
+  }
+  static TransferOutcome Failed(NetError error, std::string text) {
+    return {false, error, std::move(text), 0};
+  }
 };
 
 // Carries out a transfer on the calling thread, through all its redirects.
