@@ -116,11 +116,11 @@ TEST_F(DependencyStateTest, GoesDownAndUpAChainOfAnyLength) {
   index.Header(kLength);
   for (int i = 0; i < kLength; ++i)
     index.Record(1, i, "link", "local/x");
-  index.U32(0).NullKuid().U32(0).U32(kLength);
+  IndexBytes pairs;
+  pairs.U32(0).U32(kLength);
   for (int i = 0; i < kLength; ++i)
-    index.Kuid(1, i).Kuid(1, i + 1);
-  index.U32(0).U32(0).Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16)).EmptyBehindNotes();
-  place_.Write("assets.tdx", index.File());
+    pairs.Kuid(1, i).Kuid(1, i + 1);
+  place_.Write("assets.tdx", IndexOf(index, {.dependencies = pairs}));
   place_.Start();
   const ZEBAssetLock lock(true);
   for (int i = 0; i < kLength; ++i) {

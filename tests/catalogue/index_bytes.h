@@ -11,7 +11,10 @@ namespace morvex::test {
 class IndexBytes {
  public:
   IndexBytes& U8(unsigned value) { return Writer(bytes_).U8(static_cast<uint8_t>(value)), *this; }
-  IndexBytes& U32(uint32_t value) { return Writer(bytes_).U32(value), *this; }
+  template <typename... Values>
+  IndexBytes& U32(Values... values) {
+    return (Writer(bytes_).U32(static_cast<uint32_t>(values)), ...), *this;
+  }
   IndexBytes& U64(uint64_t value) { return Writer(bytes_).U64(value), *this; }
   IndexBytes& F32(float value) { return Writer(bytes_).F32(value), *this; }
   IndexBytes& Kuid(int32_t user, int32_t content, uint32_t version = 0) {
@@ -48,13 +51,6 @@ class IndexBytes {
     return U32(4711).F32(2.5F).U8(3).U64(1000).U64(2000).Text("a house").Text("");
   }
 
-  // What stands behind the records, with nothing in it.
-  IndexBytes& EmptySections() {
-    return EmptyUpToNotes().Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16)).EmptyBehindNotes();
-  }
-  IndexBytes& EmptyUpToNotes() { return U32(0).NullKuid().U32(0).U32(0).U32(0).U32(0); }
-  IndexBytes& EmptyBehindNotes() { return U32(0).U32(0).U32(1).Text("").U64(0).U32(0).U32(0).U32(1).F32(0); }
-
   // With the size patched in.
   std::string File() {
     Writer(bytes_).PatchU32(8, static_cast<uint32_t>(bytes_.size()));
@@ -67,5 +63,24 @@ class IndexBytes {
 
   std::string bytes_;
 };
+
+// What stands behind the records, in its order, with nothing in it where a test says nothing.
+struct IndexSections {
+  IndexBytes obsoletes = IndexBytes().U32(0).NullKuid();
+  IndexBytes dependencies = IndexBytes().U32(0, 0);
+  IndexBytes authors = IndexBytes().U32(0, 0);
+  IndexBytes notes = IndexBytes().Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16));
+  IndexBytes archives = IndexBytes().U32(0, 0);
+  IndexBytes station = IndexBytes().U32(1).Text("").U64(0).U32(0);
+  IndexBytes tail = IndexBytes().U32(0, 1).F32(0);
+};
+
+// The whole file, the records in front.
+inline std::string IndexOf(IndexBytes records, const IndexSections& sections = {}) {
+  for (const IndexBytes* part : {&sections.obsoletes, &sections.dependencies, &sections.authors,
+                                 &sections.notes, &sections.archives, &sections.station, &sections.tail})
+    records.Raw(part->Bytes());
+  return records.File();
+}
 
 }  // namespace morvex::test

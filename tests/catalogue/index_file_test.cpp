@@ -31,37 +31,46 @@ class IndexFileTest : public ::testing::Test {
 };
 
 std::string FullIndex() {
-  IndexBytes index;
-  index.Header(2).Record(100, 1, "House", "local/house").Record(-3, 7, "Shed", "");
-  index.U32(0).Kuid(100, 1).Kuid(100, 2).Kuid(100, 1).Kuid(100, 3).NullKuid();  // obsoletes
-  index.U32(0).U32(2).Kuid(100, 1).Kuid(5, 6).Kuid(100, 1).Kuid(5, 7, 3);       // dependencies
-  index.U32(0).U32(2).Text("Ann").U32(77).U32(100).Text("").U32(78).U32(101);   // authors
-  index.Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\x0C\0\0\0", 16));            // notes
-  index.Raw(std::string_view("\x08\0\0\0\2a\0\1\1\0\0\0", 12));
-  index.U32(0).U32(1).U32(1).U8(1).U32(9).Text("/a.crk").Text("Old things").U32(0x1234).U32(2);  // archives
-  index.Kuid(8, 8).Kuid(8, 9).U32(kArchiveEndMark);
-  index.U32(1).Text("list-1").U64(1000).U32(1).Text("https://example.org/x");  // station
-  index.U32(0).U32(2).F32(60.5F);                                              // tail
-  return index.File();
+  return IndexOf(
+      IndexBytes().Header(2).Record(100, 1, "House", "local/house").Record(-3, 7, "Shed", ""),
+      {.obsoletes = IndexBytes().U32(0).Kuid(100, 1).Kuid(100, 2).Kuid(100, 1).Kuid(100, 3).NullKuid(),
+       .dependencies = IndexBytes().U32(0, 2).Kuid(100, 1).Kuid(5, 6).Kuid(100, 1).Kuid(5, 7, 3),
+       .authors = IndexBytes().U32(0, 2).Text("Ann").U32(77, 100).Text("").U32(78, 101),
+       .notes =
+           IndexBytes().Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\x0C\0\0\0\x08\0\0\0\2a\0\1\1\0\0\0", 28)),
+       .archives = IndexBytes()
+                       .U32(0, 1, 1)
+                       .U8(1)
+                       .U32(9)
+                       .Text("/a.crk")
+                       .Text("Old things")
+                       .U32(0x1234, 2)
+                       .Kuid(8, 8)
+                       .Kuid(8, 9)
+                       .U32(kArchiveEndMark),
+       .station = IndexBytes().U32(1).Text("list-1").U64(1000).U32(1).Text("https://example.org/x"),
+       .tail = IndexBytes().U32(0, 2).F32(60.5F)});
 }
 
-TEST_F(IndexFileTest, ReadsEachField) {
-  ASSERT_TRUE(Read(FullIndex()));
+TEST_F(IndexFileTest, ReadsEachFieldAndWritesBackTheSameBytes) {
+  const std::string index = FullIndex();
+  ASSERT_TRUE(Read(index));
+  EXPECT_EQ(Written(), index);
   ASSERT_EQ(cache_.Count(), 2U);
   const ZEBAssetInfo& house = *cache_.Find(KUID(100, 1, 0));
-  EXPECT_EQ(house.CategoryClass(), "SY;SCEN");
-  EXPECT_EQ(house.DisplayName(), "House");
-  EXPECT_EQ(house.Text(AssetText::kRegionList), "DE");
-  EXPECT_EQ(house.Text(AssetText::kEraList), "1950");
-  EXPECT_EQ(house.Text(AssetText::kDescription), "a house");
-  EXPECT_EQ(house.LocalPath(), "local/house");
+  std::string texts(house.CategoryClass());
+  for (const std::string_view text :
+       {house.DisplayName(), house.Text(AssetText::kRegionList), house.Text(AssetText::kEraList),
+        house.Text(AssetText::kDescription), house.LocalPath()})
+    texts += "|" + std::string(text);
+  EXPECT_EQ(texts, "SY;SCEN|House|DE|1950|a house|local/house");
   EXPECT_EQ(house.StateFlags(), 0x22);
   EXPECT_EQ(house.StatusFlags(), 0xE4);
-  EXPECT_EQ(house.FolderSize(), 4711U);
+  EXPECT_EQ(house.FolderSize(), 4711);
   EXPECT_EQ(house.Rating(), 3);
   EXPECT_EQ(house.Numbers().build, 2.5F);
-  EXPECT_EQ(house.Numbers().installedTime, 1000U);
-  EXPECT_EQ(house.Numbers().modifiedTime, 2000U);
+  EXPECT_EQ(house.Numbers().installedTime, 1000);
+  EXPECT_EQ(house.Numbers().modifiedTime, 2000);
   EXPECT_FALSE(cache_.Find(KUID(-3, 7, 127)) == nullptr);
   EXPECT_EQ(cache_.obsoletes.Find(KUID(100, 3, 0)), KUID(100, 1, 0));
   EXPECT_EQ(cache_.dependencies.DependenciesOf(KUID(100, 1, 0)), (std::vector{KUID(5, 6, 0), KUID(5, 7, 3)}));
@@ -73,20 +82,10 @@ TEST_F(IndexFileTest, ReadsEachField) {
   EXPECT_EQ(cache_.station.ticketSeconds, 60.5F);
 }
 
-TEST_F(IndexFileTest, WritesBackTheSameBytes) {
-  const std::string index = FullIndex();
-  ASSERT_TRUE(Read(index));
-  EXPECT_EQ(Written(), index);
-}
-
 // Written from decoded tables and from changed records, the bytes are those that a reader of the format expects.
 TEST_F(IndexFileTest, WritesChangedRecordsAndTables) {
-  ASSERT_TRUE(Read(IndexBytes()
-                       .Header(2)
-                       .Record(1, 1, "A", "local/a")
-                       .Record(1, 2, "Old", "local/o")
-                       .EmptySections()
-                       .File()));
+  ASSERT_TRUE(
+      Read(IndexOf(IndexBytes().Header(2).Record(1, 1, "A", "local/a").Record(1, 2, "Old", "local/o"))));
   cache_.Find(KUID(1, 2, 0))->SetText(AssetText::kUsername, "New name");
   cache_.Find(KUID(1, 1, 0))->Set(AssetFlag::kPermitEdit, false);
   cache_.Find(KUID(1, 1, 0))->SetRating(5);
@@ -117,99 +116,40 @@ TEST_F(IndexFileTest, RefusesEveryTruncation) {
 }
 
 TEST_F(IndexFileTest, RefusesDamage) {
-  const auto empty = [] { return IndexBytes().Header(0); };
+  const IndexBytes none = IndexBytes().Header(0);
+  const std::string_view badNotes("ACS%\1\0\0\0\0\0\0\0\0\0\0\0", 16);
+  const std::string_view badChunk("ACS$\1\0\0\0\0\0\0\0\6\0\0\0\x63\0\0\0\0\0", 22);
   const std::pair<const char*, std::string> cases[] = {
-      {"magic", IndexBytes().U32(0xCEEBA2DC).U32(19).U32(0).U32(0).EmptySections().File()},
-      {"version", IndexBytes().U32(0xCEEBA2DB).U32(18).U32(0).U32(0).EmptySections().File()},
-      {"size", empty().EmptySections().Bytes()},
-      {"more records than bytes", IndexBytes().Header(0xFFFFFFFF).EmptySections().File()},
-      {"record with the null KUID", IndexBytes().Header(1).Record(-1, -1, "x", "").EmptySections().File()},
-      {"one KUID twice",
-       IndexBytes().Header(2).Record(1, 1, "x", "").Record(1, 1, "y", "").EmptySections().File()},
-      {"an asset that replaces itself", empty()
-                                            .U32(0)
-                                            .Kuid(1, 1)
-                                            .Kuid(1, 1)
-                                            .NullKuid()
-                                            .U32(0)
-                                            .U32(0)
-                                            .U32(0)
-                                            .U32(0)
-                                            .Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16))
-                                            .EmptyBehindNotes()
-                                            .File()},
-      {"null dependency", empty()
-                              .U32(0)
-                              .NullKuid()
-                              .U32(0)
-                              .U32(1)
-                              .Kuid(1, 1)
-                              .NullKuid()
-                              .U32(0)
-                              .U32(0)
-                              .Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16))
-                              .EmptyBehindNotes()
-                              .File()},
-      {"author without a profile", empty()
-                                       .U32(0)
-                                       .NullKuid()
-                                       .U32(0)
-                                       .U32(0)
-                                       .U32(0)
-                                       .U32(1)
-                                       .Text("x")
-                                       .U32(0xFFFFFFFF)
-                                       .U32(1)
-                                       .Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16))
-                                       .EmptyBehindNotes()
-                                       .File()},
-      {"signature of the notes", empty()
-                                     .EmptyUpToNotes()
-                                     .Raw(std::string_view("ACS%\1\0\0\0\0\0\0\0\0\0\0\0", 16))
-                                     .EmptyBehindNotes()
-                                     .File()},
-      {"chunk in the notes", empty()
-                                 .EmptyUpToNotes()
-                                 .Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\6\0\0\0\x63\0\0\0\0\0", 22))
-                                 .EmptyBehindNotes()
-                                 .File()},
-      {"archive without its mark", empty()
-                                       .EmptyUpToNotes()
-                                       .Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16))
-                                       .U32(0)
-                                       .U32(1)
-                                       .U32(1)
-                                       .U8(0)
-                                       .U32(9)
-                                       .Text("p")
-                                       .Text("n")
-                                       .U32(1)
-                                       .U32(0)
-                                       .U32(7)
-                                       .U32(1)
-                                       .Text("")
-                                       .U64(0)
-                                       .U32(0)
-                                       .U32(0)
-                                       .U32(1)
-                                       .F32(0)
-                                       .File()},
-      {"bytes behind the tail", empty().EmptySections().U8(0).File()},
+      {"magic", IndexOf(IndexBytes().U32(0xCEEBA2DC, 19, 0, 0))},
+      {"version", IndexOf(IndexBytes().U32(0xCEEBA2DB, 18, 0, 0))},
+      {"bytes behind the tail", IndexOf(none, {.tail = IndexBytes().U32(0, 1).F32(0).U8(0)})},
+      {"more records than bytes", IndexOf(IndexBytes().Header(0xFFFFFFFF))},
+      {"record with the null KUID", IndexOf(IndexBytes().Header(1).Record(-1, -1, "x", ""))},
+      {"one KUID twice", IndexOf(IndexBytes().Header(2).Record(1, 1, "x", "").Record(1, 1, "y", ""))},
+      {"an asset that replaces itself",
+       IndexOf(none, {.obsoletes = IndexBytes().U32(0).Kuid(1, 1).Kuid(1, 1).NullKuid()})},
+      {"null dependency", IndexOf(none, {.dependencies = IndexBytes().U32(0, 1).Kuid(1, 1).NullKuid()})},
+      {"author without a profile",
+       IndexOf(none, {.authors = IndexBytes().U32(0, 1).Text("x").U32(0xFFFFFFFF, 1)})},
+      {"signature of the notes", IndexOf(none, {.notes = IndexBytes().Raw(badNotes)})},
+      {"chunk in the notes", IndexOf(none, {.notes = IndexBytes().Raw(badChunk)})},
+      {"archive of more assets than bytes",
+       IndexOf(none, {.archives = IndexBytes().U32(0, 1, 1).U8(0).U32(9).Text("p").Text("n").U32(1, ~0U)})},
+      {"archive without its mark",
+       IndexOf(none, {.archives = IndexBytes().U32(0, 1, 1).U8(0).U32(9).Text("p").Text("n").U32(1, 0, 7)})},
   };
-  ASSERT_TRUE(Read(empty().EmptySections().File()));
+  const std::string good = IndexOf(none);
+  ASSERT_TRUE(Read(good));
+  EXPECT_FALSE(Read(good + '\0')) << "another size than it says";
   for (const auto& [what, bytes] : cases)
     EXPECT_FALSE(Read(bytes)) << what;
 }
 
 // A section of a later version is given up, and the tail behind it is still found.
 TEST_F(IndexFileTest, PassesOverAnUnknownStationSection) {
-  IndexBytes index;
-  index.Header(1)
-      .Record(1, 1, "x", "")
-      .EmptyUpToNotes()
-      .Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16));
-  index.U32(0).U32(0).U32(2).Text("whatever").U32(0).U32(3).F32(9);
-  ASSERT_TRUE(Read(index.File()));
+  ASSERT_TRUE(Read(
+      IndexOf(IndexBytes().Header(1).Record(1, 1, "x", ""),
+              {.station = IndexBytes().U32(2).Text("whatever"), .tail = IndexBytes().U32(0, 3).F32(9)})));
   EXPECT_EQ(cache_.station.ticketState, 3U);
 }
 
@@ -221,7 +161,7 @@ TEST_F(IndexFileTest, ReadsBothFormsOfAnEmptyStringAndPassesOverHugeOnes) {
   index.U32(70000).Raw(std::string(70000, 'x'));
   index.Text("").Text("").Text("").Text("local/a").NullKuid().Raw(std::string(17, '\2'));
   index.U32(0).F32(0).U8(255).U64(0).U64(0).Text("").Text("");
-  ASSERT_TRUE(Read(index.EmptySections().File()));
+  ASSERT_TRUE(Read(IndexOf(index)));
   const auto check = [this] {
     const ZEBAssetInfo& record = *cache_.Find(KUID(1, 1, 0));
     EXPECT_EQ(record.Username(), "name!");
@@ -241,10 +181,8 @@ TEST_F(IndexFileTest, ReadsBothFormsOfAnEmptyStringAndPassesOverHugeOnes) {
 }
 
 TEST_F(IndexFileTest, ResetsATimeInTheFuture) {
-  IndexBytes index;
-  index.Header(0).EmptyUpToNotes().Raw(std::string_view("ACS$\1\0\0\0\0\0\0\0\0\0\0\0", 16));
-  index.U32(0).U32(0).U32(1).Text("f").U64(~0ULL).U32(0).U32(0).U32(1).F32(0);
-  ASSERT_TRUE(Read(index.File()));
+  const IndexBytes future = IndexBytes().U32(1).Text("f").U64(~0ULL).U32(0);
+  ASSERT_TRUE(Read(IndexOf(IndexBytes().Header(0), {.station = future})));
   EXPECT_EQ(cache_.station.lastUpdateTime, 0U);
 }
 

@@ -147,7 +147,7 @@ TEST_F(IndexRunTest, ATemporaryFolderIsPutBackWhereItIsTheOnlyCopy) {
   place_.Rename("local/house", "local/tempab12cd342");
   LeaveAsIfKilled();
   place_.Start();
-  EXPECT_EQ(place_.List("local"), std::vector<std::string>{"house"});
+  EXPECT_EQ(place_.Names("local"), "house ");
   EXPECT_EQ(Record("<kuid:1:1>").LocalPath(), "local/house");
 }
 
@@ -190,11 +190,10 @@ TEST_F(IndexRunTest, EmptyEditFoldersGo) {
   std::filesystem::create_directories(place_.Path("editing/empty"));
   place_.Write("editing/full/note.txt", "x");
   place_.Start();
-  EXPECT_EQ(place_.List("editing"), std::vector<std::string>{"full"});
+  EXPECT_EQ(place_.Names("editing"), "full ");
 }
 
 TEST_F(IndexRunTest, NotesGoWithTheirAsset) {
-  IndexBytes index;
   TagContainer notes;
   for (const int author : {1, 2}) {
     TagContainer ofAuthor;
@@ -204,8 +203,8 @@ TEST_F(IndexRunTest, NotesGoWithTheirAsset) {
     notes.SetContainer(Nox::PString(std::to_string(author)), ofAuthor);
   }
   ASSERT_TRUE(notes.Save(Nox::PString(), place_.Path("notes.chump")));
-  index.Header(0).EmptyUpToNotes().Raw(place_.Read("notes.chump")).EmptyBehindNotes();
-  place_.Write("assets.tdx", index.File());
+  place_.Write("assets.tdx",
+               IndexOf(IndexBytes().Header(0), {.notes = IndexBytes().Raw(place_.Read("notes.chump"))}));
   place_.Start();
   {
     const ZEBAssetLock lock(true);

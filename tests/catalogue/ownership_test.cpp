@@ -1,67 +1,19 @@
 // Two processes on one installation. The others are forked before anything is started here.
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <functional>
-#include <set>
+#include <chrono>
 #include <thread>
 
 #include "database/catalogue/asset_status.h"
 #include "database/catalogue/instance_ownership.h"
 #include "database/catalogue/kuid_generator.h"
 #include "tests/catalogue/installation.h"
+#include "tests/other_process.h"
 
 namespace morvex::test {
 namespace {
-
-// A process that does something, then says so, and goes on when it is told to.
-class OtherProcess {
- public:
-  explicit OtherProcess(
-      const std::function<void()>& work, const std::function<void()>& end = [] {}) {
-    EXPECT_EQ(pipe(said_), 0);
-    EXPECT_EQ(pipe(told_), 0);
-    id_ = fork();
-    if (id_ != 0) {
-      close(told_[0]);
-      return;
-    }
-    close(told_[1]);
-    work();
-    char byte = 1;
-    if (write(said_[1], &byte, 1) == 1 && read(told_[0], &byte, 1) >= 0) end();
-    _exit(0);
-  }
-  ~OtherProcess() { Kill(); }
-
-  void AwaitWork() const {
-    char byte = 0;
-    EXPECT_EQ(read(said_[0], &byte, 1), 1);
-  }
-  void Finish() {
-    close(told_[1]);
-    Collect();
-  }
-  void Kill() {
-    if (id_ == -1) return;
-    kill(id_, SIGKILL);
-    Collect();
-  }
-  uint32_t Id() const { return static_cast<uint32_t>(id_); }
-
- private:
-  void Collect() {
-    waitpid(id_, nullptr, 0);
-    id_ = -1;
-  }
-
-  int said_[2];
-  int told_[2];
-  pid_t id_ = -1;
-};
 
 class OwnershipTest : public ::testing::Test {
  protected:
@@ -111,11 +63,16 @@ TEST_F(OwnershipTest, ASecondProcessWaitsAndThenSeesWhatTheFirstWrote) {
   OtherProcess first([&] { place_.Start(); },
                      [&] {
                        ZEBAssetCache::Instance().Create(KUID(1, 2, 0));
+                       place_.Write("first.txt", ZEBGenerateKUID().ToDelimited(':'));
                        place_.Stop();
                      });
-  first.AwaitWork();
+  ASSERT_TRUE(first.HasWorked());
   EXPECT_EQ(Field(kHolder), first.Id());
-  std::thread waiting([&] { place_.Start(); });
+  KUID mine;
+  std::thread waiting([&] {
+    place_.Start();  // reads the base of new KUIDs that the other one is about to use
+    mine = ZEBGenerateKUID();
+  });
   Await(kWaiters, 1);
   EXPECT_EQ(Field(kMaster), first.Id());
   first.Finish();
@@ -123,12 +80,14 @@ TEST_F(OwnershipTest, ASecondProcessWaitsAndThenSeesWhatTheFirstWrote) {
   EXPECT_EQ(Field(kHolder), static_cast<uint32_t>(getpid()));
   EXPECT_EQ(Field(kWaiters), 0U);
   EXPECT_EQ(ZEBAssetCache::Instance().Count(), 2U);
+  EXPECT_EQ(place_.Read("first.txt"), "-2:1001");
+  EXPECT_EQ(mine, KUID(-2, 1002, 127));
 }
 
 TEST_F(OwnershipTest, AKilledHolderIsReplacedAndItsWorkRecovered) {
   place_.AddAsset("local/a", "<kuid:1:1>", "A");
   OtherProcess first([&] { place_.Start(); });
-  first.AwaitWork();
+  ASSERT_TRUE(first.HasWorked());
   std::thread waiting([&] { place_.Start(); });
   Await(kWaiters, 1);
   first.Kill();
@@ -141,7 +100,7 @@ TEST_F(OwnershipTest, AKilledHolderIsReplacedAndItsWorkRecovered) {
 // The number of a killed process may belong to any other one by now, even to this one.
 TEST_F(OwnershipTest, ABlockThatDeadProcessesLeftIsNotBelieved) {
   OtherProcess first([&] { place_.Start(); });
-  first.AwaitWork();
+  ASSERT_TRUE(first.HasWorked());
   first.Kill();
   const std::string name = "cache/" + std::string(InstanceOwnership::kName) + "-ipc";
   std::string block = place_.Read(name);
@@ -155,7 +114,7 @@ TEST_F(OwnershipTest, ABlockThatDeadProcessesLeftIsNotBelieved) {
 // `version` and the like touch no record, so they must not wait.
 TEST_F(OwnershipTest, AShutdownDoesNotWaitForAnotherProcess) {
   OtherProcess first([&] { place_.Start(); });
-  first.AwaitWork();
+  ASSERT_TRUE(first.HasWorked());
   ZEBStartupSettings settings;
   settings.root = place_.Path("");
   settings.root.pop_back();
@@ -163,25 +122,6 @@ TEST_F(OwnershipTest, AShutdownDoesNotWaitForAnotherProcess) {
   EXPECT_TRUE(ZEBShutdown());
   EXPECT_EQ(Field(kHolder), first.Id());
   EXPECT_EQ(Field(kWaiters), 0U);
-}
-
-TEST_F(OwnershipTest, TwoProcessesNeverGiveOutTheSameKuid) {
-  OtherProcess other([&] { place_.Start(); },
-                     [&] {
-                       place_.Write("other.txt", ZEBGenerateKUID().ToDelimited(':'));
-                       place_.Stop();
-                     });
-  other.AwaitWork();
-  KUID mine;
-  std::thread waiting([&] {
-    place_.Start();  // reads the base that the other one is about to use
-    mine = ZEBGenerateKUID();
-  });
-  Await(kWaiters, 1);
-  other.Finish();
-  waiting.join();
-  EXPECT_EQ(place_.Read("other.txt"), "-2:1001");
-  EXPECT_EQ(mine, KUID(-2, 1002, 127));
 }
 
 }  // namespace

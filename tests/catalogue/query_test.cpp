@@ -95,22 +95,6 @@ TEST_F(QueryTest, FiltersChooseByTheirProperty) {
   EXPECT_EQ(Found([&](Q& q) { q.subset = &subset; }), "L");
 }
 
-TEST_F(QueryTest, StatusIsAFlatCopy) {
-  ZEBAssetStatus status;
-  EXPECT_FALSE(ZEBGetAssetStatus(KUID(1, 2, 3), status));
-  EXPECT_FALSE(status.found);
-  EXPECT_EQ(status.size, -1);
-  ASSERT_TRUE(ZEBGetAssetStatus(Parse("<kuid2:30:4:2>"), status));
-  EXPECT_TRUE(status.archived && status.onStation && status.found);
-  EXPECT_FALSE(status.installed || status.localCopy || status.open || status.missingDeps);
-  EXPECT_EQ(status.category, "?");
-  EXPECT_EQ(status.categoryName, "Misc");
-  ASSERT_TRUE(ZEBGetAssetStatus(Parse("<kuid:20:3>"), status));
-  EXPECT_TRUE(status.open && status.installed && status.missingDeps && status.enabled);
-  EXPECT_EQ(status.author, 20);
-  EXPECT_EQ(status.name, "old lamp");
-}
-
 TEST_F(QueryTest, ALaterVersionMakesAKnownOneOutOfDate) {
   ZEBAssetStatus status;
   ASSERT_TRUE(ZEBGetAssetStatus(KUID(30, 4, 2), status));
@@ -125,11 +109,6 @@ TEST_F(QueryTest, ALaterVersionMakesAKnownOneOutOfDate) {
   ASSERT_TRUE(ZEBGetAssetStatus(KUID(30, 4, 3), status));
   EXPECT_TRUE(status.latest);
   EXPECT_EQ(Found([](ZEBAssetQuery& q) { q.obsoleted = QueryFilter::kMustBeTrue; }), "z");
-}
-
-TEST_F(QueryTest, TheConfigurationIsTheCommittedOne) {
-  EXPECT_EQ(ZEBGetAssetConfig(Parse("<kuid:10:2>")).GetString(Nox::PString("username")), "Lamp post");
-  EXPECT_TRUE(ZEBGetAssetConfig(Parse("<kuid:10:99>")).IsEmpty());
 }
 
 TEST_F(QueryTest, AuthorsHaveNames) {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <thread>
+#include <tuple>
 
 namespace morvex {
 namespace {
@@ -21,22 +21,18 @@ bool OtherGets(ZEBReadWriteLock& lock, Mode mode) {
 }
 
 TEST(ReadWriteLockTest, GrantsByWhoHoldsItAndHow) {
-  struct Row {
-    Mode held, asked;
-    bool sameThread, otherThread;
-  };
-  constexpr Row kRows[] = {
+  const std::tuple<Mode, Mode, bool, bool> kRows[] = {
       {Mode::kRead, Mode::kRead, true, true},
       {Mode::kRead, Mode::kWrite, false, false},
       {Mode::kWrite, Mode::kRead, true, false},
       {Mode::kWrite, Mode::kWrite, true, false},
   };
-  for (const Row& row : kRows) {
+  for (const auto& [held, asked, sameThread, otherThread] : kRows) {
     ZEBReadWriteLock lock;
-    ASSERT_TRUE(lock.Acquire(row.held));
-    EXPECT_EQ(OtherGets(lock, row.asked), row.otherThread);
-    const bool again = lock.Acquire(row.asked, true);
-    EXPECT_EQ(again, row.sameThread);
+    ASSERT_TRUE(lock.Acquire(held));
+    EXPECT_EQ(OtherGets(lock, asked), otherThread);
+    const bool again = lock.Acquire(asked, true);
+    EXPECT_EQ(again, sameThread);
     EXPECT_TRUE(!again || !lock.Release());
     EXPECT_TRUE(lock.Release());
     EXPECT_TRUE(OtherGets(lock, Mode::kWrite));

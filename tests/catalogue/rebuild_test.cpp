@@ -25,20 +25,19 @@ TEST(RebuildTest, FindsTheAssetsOfAllFolders) {
   place.AddAsset("local/broken", "<kuid:1:2>", "Text behind a broken chump");
   place.Write("local/upper/CONFIG.TXT", "kuid <kuid:1:3>\r\n");
   place.Start();
-  EXPECT_EQ(Copies("<kuid:-1:10>"), "eLP");
+  const char* const kCopies[][2] = {{"<kuid:-1:10>", "eLP"}, {"<kuid:-1:11>", "ElP"}, {"<kuid:-1:12>", "-"},
+                                    {"<kuid:1:1>", "Elp"},   {"<kuid:1:2>", "eLp"},   {"<kuid:1:3>", "eLp"}};
+  for (const auto& [kuid, copies] : kCopies)
+    EXPECT_EQ(Copies(kuid), copies) << kuid;
   EXPECT_EQ(Record("<kuid:-1:10>").Username(), "My engine");
-  EXPECT_EQ(Copies("<kuid:-1:11>"), "ElP");
-  EXPECT_EQ(Record("<kuid:-1:11>").Username(), "Rock") << "an open asset says what its committed copy says";
-  EXPECT_EQ(Record("<kuid:-1:11>").PackName(), "world/alps");
-  EXPECT_EQ(Record("<kuid:-1:11>").PackPath(), "group/rock");
-  EXPECT_EQ(Record("<kuid:-1:11>").FolderSize(), 0U);
-  EXPECT_TRUE(Record("<kuid:-1:11>").Has(AssetFlag::kBuiltIn));
-  EXPECT_EQ(Record("<kuid:-1:11>").Numbers().installedTime, 0U);
-  EXPECT_EQ(Copies("<kuid:-1:12>"), "-");
-  EXPECT_EQ(Copies("<kuid:1:1>"), "Elp");
   EXPECT_GT(Record("<kuid:1:1>").Numbers().installedTime, 0U);
-  EXPECT_EQ(Copies("<kuid:1:2>"), "eLp");
   EXPECT_EQ(Record("<kuid:1:3>").Username(), "upper") << "named after its folder";
+  const ZEBAssetInfo& rock = Record("<kuid:-1:11>");
+  EXPECT_EQ(rock.Username(), "Rock") << "an open asset says what its committed copy says";
+  EXPECT_EQ(std::string(rock.PackName()) + " " + std::string(rock.PackPath()), "world/alps group/rock");
+  EXPECT_TRUE(rock.Has(AssetFlag::kBuiltIn));
+  EXPECT_EQ(rock.FolderSize(), 0);
+  EXPECT_EQ(rock.Numbers().installedTime, 0);
   EXPECT_EQ(ZEBAssetCache::Instance().Count(), 5U);
 }
 

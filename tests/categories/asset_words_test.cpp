@@ -10,10 +10,7 @@
 namespace morvex {
 namespace {
 
-struct ListCase {
-  TagContainer config;
-  const char* list;
-};
+using ListCase = std::pair<TagContainer, const char*>;
 
 TEST(Regions, ComeFromTheNewestTag) {
   const ListCase cases[] = {
@@ -35,7 +32,7 @@ TEST(Regions, ComeFromTheNewestTag) {
       {TagContainer(), ""},
   };
   for (size_t i = 0; i < std::size(cases); ++i) {
-    EXPECT_EQ(GetRegionList(cases[i].config), cases[i].list) << "case " << i;
+    EXPECT_EQ(GetRegionList(cases[i].first), cases[i].second) << "case " << i;
   }
 }
 
@@ -58,8 +55,8 @@ TEST(Eras, AreYears) {
        "1950;50;50"},
       {ConfigOf({{"category-era-0", "steam"}, {"category-era-1", "195"}, {"category-era-2", "1960ss"}}), ""},
   };
-  for (const ListCase& c : cases)
-    EXPECT_EQ(GetEraList(c.config), c.list);
+  for (const auto& [config, list] : cases)
+    EXPECT_EQ(GetEraList(config), list);
   EXPECT_EQ(EraFromYear(1789), "1900");
   EXPECT_EQ(EraFromYear(1919), "1910");
   EXPECT_EQ(EraFromYear(1999), "1990");

@@ -2,18 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace morvex {
 namespace {
 
-struct Case {
-  const char* value;
-  const char* expression;
-  bool holds;
-};
-
 TEST(CategoryExpression, ChoosesAmongValues) {
   const char* const search = "CMP;MESH|BD;-ACTV|VE|SCEN";
-  const Case cases[] = {
+  const std::tuple<const char*, const char*, bool> cases[] = {
       {"BD;IND;NACT", search, true},
       {"BD;IND;ACTV", search, false},
       {"MESH;CMP", search, true},
@@ -40,8 +36,8 @@ TEST(CategoryExpression, ChoosesAmongValues) {
       {"|B", "-B", true},
       {";A;;B;", "A;B", true},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(MatchExpression(c.value, c.expression), c.holds) << c.value << " against " << c.expression;
+  for (const auto& [value, expression, holds] : cases) {
+    EXPECT_EQ(MatchExpression(value, expression), holds) << value << " against " << expression;
   }
 }
 

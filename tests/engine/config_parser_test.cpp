@@ -23,10 +23,8 @@ std::string Tree(const ConfigData& parent, int depth = 0) {
 }
 
 TEST(ConfigParser, ReadsItems) {
-  const struct {
-    const char* text;  // behind the version
-    const char* tree;
-  } kCases[] = {
+  // What stands behind the version, and its tree.
+  const char* const kCases[][2] = {
       {"", ""},
       {"a", "a"},
       {"a 1 two \"and three\"", "a[1|two|and three]"},
@@ -43,11 +41,11 @@ TEST(ConfigParser, ReadsItems) {
       {"mesh 0.1 { name \"engine_far.im\" }\nmesh \"door\" { name \"door.im\"; animated true }",
        "mesh[0.1]{name[engine_far.im]} mesh[door]{name[door.im] animated[true]}"},
   };
-  for (const auto& c : kCases) {
-    const std::string text = "version 1.0\n" + std::string(c.text);
+  for (const auto& [written, tree] : kCases) {
+    const std::string text = "version 1.0\n" + std::string(written);
     ConfigParser parser;
-    ASSERT_TRUE(parser.Parse(text)) << c.text;
-    EXPECT_EQ(Tree(parser.Top()), "version[1.0]" + std::string(*c.tree == 0 ? "" : " ") + c.tree) << c.text;
+    ASSERT_TRUE(parser.Parse(text)) << written;
+    EXPECT_EQ(Tree(parser.Top()), "version[1.0]" + std::string(*tree == 0 ? "" : " ") + tree) << written;
   }
 }
 
@@ -56,29 +54,15 @@ TEST(ConfigParser, RefusesWhatIsWrong) {
   for (std::size_t i = 0; i < ConfigParser::kMaxDepth; ++i)
     nested += "a{";
   const std::string closed(ConfigParser::kMaxDepth, '}');
-  const struct {
-    std::string text;
-    bool isGood;
-  } kCases[] = {
-      {"\xEF\xBB\xBFVERSION 1.5", true},
-      {"# first\n\nversion 2", true},
-      {"", false},
-      {"a 1\nversion 1.0", false},
-      {"version", false},
-      {"version one", false},
-      {"version 1.0x", false},
-      {"version 1.0\n}", false},
-      {"version 1.0\na {", false},
-      {"version 1.0\na { } {}", false},
-      {"version 1.0\na; {}", false},
-      {"version 1.0\na \"open\nb\"", false},
-      {"version 1.0\na \"open", false},
-      {nested + closed, true},
-      {nested + "a{}" + closed, false},
-      {nested, false},
-  };
-  for (const auto& c : kCases)
-    EXPECT_EQ(ConfigParser().Parse(c.text), c.isGood) << c.text.substr(0, 40);
+  for (const std::string& text :
+       {std::string("\xEF\xBB\xBFVERSION 1.5"), std::string("# first\n\nversion 2"), nested + closed})
+    EXPECT_TRUE(ConfigParser().Parse(text)) << text.substr(0, 40);
+  for (const char* text : {"", "a 1\nversion 1.0", "version", "version one", "version 1.0x", "version 1.0\n}",
+                           "version 1.0\na {", "version 1.0\na { } {}", "version 1.0\na; {}",
+                           "version 1.0\na \"open\nb\"", "version 1.0\na \"open"})
+    EXPECT_FALSE(ConfigParser().Parse(text)) << text;
+  EXPECT_FALSE(ConfigParser().Parse(nested + "a{}" + closed));
+  EXPECT_FALSE(ConfigParser().Parse(nested));
 }
 
 TEST(ConfigParser, FindsItemsAndTheirValues) {
@@ -87,6 +71,7 @@ TEST(ConfigParser, FindsItemsAndTheirValues) {
   ASSERT_TRUE(parser.Parse(text));
   const ConfigData top = parser.Top();
   EXPECT_EQ(top.Count("MESH"), 2U);
+  EXPECT_TRUE(top.Find("mesh", 1));
   EXPECT_FALSE(top.Find("mesh", 2));
   EXPECT_FALSE(top.Find("none").Find("none").HasChildren());
 

@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
-#include "tests/engine/test_files.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace Nox {
 namespace {
@@ -39,23 +40,16 @@ TEST(Find, DeliversInFindOrder) {
 }
 
 TEST(Find, MatchesWildcards) {
-  struct Row {
-    std::string_view name, pattern;
-    bool matches;
-  };
-  for (const Row& row : {Row{"abc", "*", true},
-                         {"abc", "A*C", true},
-                         {"abc", "a?c", true},
-                         {"abc", "ab", false},
-                         {"a.b.txt", "*.txt", true},
-                         {"", "?", false},
-                         {"aXbXc", "a*b*c", true},
-                         {"aXbX", "a*b*c", false},
-                         {"aab", "*ab", true}}) {
-    EXPECT_EQ(MatchWildcards(row.name, row.pattern), row.matches) << row.name << " " << row.pattern;
+  const std::tuple<std::string_view, std::string_view, bool> rows[] = {
+      {"abc", "*", true},       {"abc", "A*C", true},       {"abc", "a?c", true},
+      {"abc", "ab", false},     {"a.b.txt", "*.txt", true}, {"", "?", false},
+      {"aXbXc", "a*b*c", true}, {"aXbX", "a*b*c", false},   {"aab", "*ab", true}};
+  for (const auto& [name, pattern, matches] : rows) {
+    EXPECT_EQ(MatchWildcards(name, pattern), matches) << name << " " << pattern;
   }
   // No pattern makes the matcher try all ways to split a name.
-  EXPECT_FALSE(MatchWildcards(std::string(2000, 'a'), std::string(500, '*') + "a*a*a*a*a*b"));
+  const std::string stars(500, '*');
+  EXPECT_FALSE(MatchWildcards(std::string(2000, 'a'), stars + "a*a*a*a*a*b"));
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "engine/options.h"
-#include "tests/engine/test_files.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace Nox {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "engine/find.h"
 #include "engine/read_file.h"
-#include "tests/engine/test_files.h"
 #include "tests/engine/zip_maker.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace Nox {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "tests/engine/test_files.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace Nox {
 namespace {

@@ -3,28 +3,27 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 namespace Nox {
 namespace {
 
 TEST(NumberText, IntegersSaturateAndStopBehindTheirDigits) {
-  struct Row {
-    std::string_view text;
-    std::int32_t value;
-    std::string_view rest;
-  };
-  for (const Row& row : {Row{"12x", 12, "x"},
-                         {" \t-7 8", -7, " 8"},
-                         {"2147483648", 2147483647, ""},
-                         {"-2147483648", -2147483647 - 1, ""},
-                         {"-99999999999999999999999", -2147483647 - 1, ""},
-                         {"99999999999999999999999.5", 2147483647, ".5"},
-                         {"007", 7, ""}}) {
-    std::string_view text = row.text;
+  const std::tuple<std::string_view, std::int32_t, std::string_view> rows[] = {
+      {"12x", 12, "x"},
+      {" \t-7 8", -7, " 8"},
+      {"2147483648", 2147483647, ""},
+      {"-2147483648", -2147483647 - 1, ""},
+      {"-99999999999999999999999", -2147483647 - 1, ""},
+      {"99999999999999999999999.5", 2147483647, ".5"},
+      {"18446744073709551617", 2147483647, ""},
+      {"007", 7, ""}};
+  for (const auto& [input, expected, rest] : rows) {
+    std::string_view text = input;
     std::int32_t value = 0;
-    ASSERT_TRUE(ScanInt(text, value)) << row.text;
-    EXPECT_EQ(value, row.value) << row.text;
-    EXPECT_EQ(text, row.rest);
+    ASSERT_TRUE(ScanInt(text, value)) << input;
+    EXPECT_EQ(value, expected) << input;
+    EXPECT_EQ(text, rest);
   }
 }
 

@@ -2,44 +2,36 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "engine/host_path.h"
 
 namespace Nox {
 namespace {
 
-struct Pair {
-  std::string_view path, expected;
-};
-
 TEST(Path, Normalizes) {
-  for (const Pair& row : {Pair{"a//b\\c/", "a/b/c"},
-                          {"/a/./b/../c", "/a/c"},
-                          {"../../a", "../../a"},
-                          {"a/../..", ".."},
-                          {"/../a", "/a"},
-                          {"", "."},
-                          {"\\a", "/a"},
-                          {"\\\\host\\a", "\\\\host/a"},
-                          {"...", "..."}}) {
-    EXPECT_EQ(Path::Normalize(row.path), row.expected) << row.path;
-  }
+  const char* const rows[][2] = {{"a//b\\c/", "a/b/c"},  {"/a/./b/../c", "/a/c"},
+                                 {"../../a", "../../a"}, {"a/../..", ".."},
+                                 {"/../a", "/a"},        {"", "."},
+                                 {"\\a", "/a"},          {"\\\\host\\a", "\\\\host/a"},
+                                 {"...", "..."}};
+  for (const auto& [path, expected] : rows)
+    EXPECT_EQ(Path::Normalize(path), expected) << path;
 }
 
 TEST(Path, TakesNamesApart) {
-  struct Row {
-    std::string_view path, folder, name, ext, above;
-  };
-  for (const Row& row : {Row{"/a/b.c.txt", "/a", "b.c.txt", "txt", "/a"},
-                         {"/a/b/", "/a/b", "", "", "/a"},
-                         {"name", "", "name", "", ""},
-                         {"/name", "/", "name", "", "/"},
-                         {"a\\b.", "a", "b.", "", "a"},
-                         {"/", "/", "", "", "/"},
-                         {"", "", "", "", ""}}) {
-    EXPECT_EQ(Path::DelName(row.path, false), row.folder) << row.path;
-    EXPECT_EQ(Path::GetFileName(row.path), row.name) << row.path;
-    EXPECT_EQ(Path::GetExt(row.path), row.ext) << row.path;
-    EXPECT_EQ(Path::PrevDir(row.path), row.above) << row.path;
+  const std::string_view rows[][5] = {{"/a/b.c.txt", "/a", "b.c.txt", "txt", "/a"},
+                                      {"/a/b/", "/a/b", "", "", "/a"},
+                                      {"name", "", "name", "", ""},
+                                      {"/name", "/", "name", "", "/"},
+                                      {"a\\b.", "a", "b.", "", "a"},
+                                      {"/", "/", "", "", "/"},
+                                      {"", "", "", "", ""}};
+  for (const auto& [path, folder, name, ext, above] : rows) {
+    EXPECT_EQ(Path::DelName(path, false), folder) << path;
+    EXPECT_EQ(Path::GetFileName(path), name) << path;
+    EXPECT_EQ(Path::GetExt(path), ext) << path;
+    EXPECT_EQ(Path::PrevDir(path), above) << path;
   }
   EXPECT_EQ(Path::DelName("/a/b", true), "/a/");
 }
@@ -58,30 +50,20 @@ TEST(Path, JoinsAndChangesExtensions) {
 
 TEST(Path, RelativeToABase) {
   EXPECT_EQ(Path::MakeRelativeTo("/game/editing/x/", "/game/"), "editing/x/");
-  EXPECT_EQ(Path::MakeRelativeTo("/root2/x", "/root"), "/root2/x");
-  EXPECT_EQ(Path::MakeRelativeTo("/root", "/root"), "");
-  EXPECT_EQ(Path::MakeRelativeTo("root/x", "/root"), "root/x");
+  EXPECT_EQ(Path::MakeRelativeTo("/base2/x", "/base"), "/base2/x");
+  EXPECT_EQ(Path::MakeRelativeTo("/base", "/base"), "");
+  EXPECT_EQ(Path::MakeRelativeTo("base/x", "/base"), "base/x");
 }
 
 TEST(Path, BelowIsDecidedByComponents) {
-  struct Row {
-    std::string_view root, path;
-    bool below;
-  };
-  for (const Row& row : {Row{"/r", "/r/a", true},
-                         {"/r", "/r", false},
-                         {"/r", "/r/.", false},
-                         {"/r", "/ra", false},
-                         {"/r", "/r/a/../../x", false},
-                         {"/r", "/x/../r/a", true},
-                         {"/", "/a", true},
-                         {"/r", "r/a", false},
-                         {".", "a", true},
-                         {".", "../a", false},
-                         {"/r", "c:/r/a", false},
-                         {"/r", "\\r\\a", false},
-                         {"/r", "", false}}) {
-    EXPECT_EQ(Path::IsBelow(row.root, row.path), row.below) << row.root << " " << row.path;
+  const std::tuple<std::string_view, std::string_view, bool> rows[] = {
+      {"/r", "/r/a", true}, {"/r", "/r", false},           {"/r", "/r/.", false},
+      {"/r", "/ra", false}, {"/r", "/r/a/../../x", false}, {"/r", "/x/../r/a", true},
+      {"/", "/a", true},    {"/r", "r/a", false},          {".", "a", true},
+      {".", "../a", false}, {"/r", "c:/r/a", false},       {"/r", "\\r\\a", false},
+      {"/r", "", false}};
+  for (const auto& [root, path, below] : rows) {
+    EXPECT_EQ(Path::IsBelow(root, path), below) << root << " " << path;
   }
 }
 

@@ -6,8 +6,8 @@
 #include <csignal>
 #include <filesystem>
 
-#include "tests/engine/test_files.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace Nox {
 namespace {

@@ -7,7 +7,6 @@
 
 #include "engine/file.h"
 #include "engine/resource_type.h"
-#include "tests/engine/zip_maker.h"
 #include "tests/scratch_folder.h"
 
 namespace Nox {
@@ -59,16 +58,6 @@ TEST_F(ResourceDatabaseTest, FindsFilesThatAPluginKnows) {
   EXPECT_EQ(database_.Get("In/One.thing")->GetOwnerName(), kPack);
 }
 
-TEST_F(ResourceDatabaseTest, FindsFilesOfAnArchive) {
-  ASSERT_TRUE(PutZip(folder_ / "pack.ja", {{"in/one.thing", "12"}, {"in/wall.texture.txt", ""}}));
-  Nox::File::Subst(kPack, folder_ / "pack.ja", false);
-  const Ref<Resource> one = database_.Get("In/One.thing");
-  ASSERT_NE(one, nullptr);
-  EXPECT_EQ(one->Lock(), 2);
-  EXPECT_TRUE(database_.HasTexture("In/wall.texture"));
-  EXPECT_FALSE(database_.HasTexture("In/roof.tga"));
-}
-
 TEST_F(ResourceDatabaseTest, LoadsOnce) {
   const Ref<Resource> one = database_.Get("In/One.thing"), broken = database_.Get("In/broken.thing");
   EXPECT_EQ(loads, 0);
@@ -101,12 +90,6 @@ TEST_F(ResourceDatabaseTest, KnowsTextures) {
     EXPECT_TRUE(database_.HasTexture(name)) << name;
   for (const char* name : {"In/roof", "In/roof.texture", "In/wall", "In/wall.tga", "In", ""})
     EXPECT_FALSE(database_.HasTexture(name)) << name;
-}
-
-TEST_F(ResourceDatabaseTest, NamesInAFileCountFromItsFolder) {
-  const Ref<Resource> one = database_.Get("In/One.thing");
-  EXPECT_EQ(one->ConvertResourceName("two.thing"), "In/two.thing");
-  EXPECT_EQ(one->ConvertResourceName("..\\out/./x.thing"), "out/x.thing");
 }
 
 }  // namespace

@@ -13,8 +13,7 @@ namespace {
 // Runs headless Chromium on a page and gives what it wrote to standard output.
 std::string Browse(const std::string& page, const std::vector<std::string>& more) {
   const ScratchFolder scratch;
-  std::vector<std::string> arguments = {MORVEX_CHROMIUM,
-                                        "--headless",
+  std::vector<std::string> arguments = {"--headless",
                                         "--no-sandbox",
                                         "--disable-gpu",
                                         "--disable-dev-shm-usage",
@@ -28,12 +27,7 @@ std::string Browse(const std::string& page, const std::vector<std::string>& more
   if (child == 0) {
     if (freopen(out.c_str(), "w", stdout) == nullptr || freopen("/dev/null", "w", stderr) == nullptr)
       _exit(126);
-    std::vector<char*> argv;
-    for (const std::string& argument : arguments)
-      argv.push_back(const_cast<char*>(argument.c_str()));
-    argv.push_back(nullptr);
-    execv(argv[0], argv.data());
-    _exit(127);
+    Execute(MORVEX_CHROMIUM, arguments);
   }
   int status = 0;
   waitpid(child, &status, 0);

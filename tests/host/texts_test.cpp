@@ -15,14 +15,8 @@
 namespace morvex::host {
 namespace {
 
-struct Row {
-  std::string text;
-  std::string visible;
-  std::string utf8;
-};
-
 TEST(Texts, ShowNoControlCharacterAndNoMalformedByte) {
-  const Row rows[] = {
+  const char* const rows[][3] = {
       {"Bahnwärterhaus", "Bahnwärterhaus", "Bahnwärterhaus"},
       {"a\x1B[31mb\n", "a\\x1B[31mb\\n", "a\x1B[31mb\n"},
       {"\xC2\x9B", "\\u{9B}", "\xC2\x9B"},
@@ -34,9 +28,9 @@ TEST(Texts, ShowNoControlCharacterAndNoMalformedByte) {
       {"\xF4\x90\x80\x80", "\\xF4\\x90\\x80\\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
       {"\xF0\x9F\x9A\x82", "\xF0\x9F\x9A\x82", "\xF0\x9F\x9A\x82"},
   };
-  for (const Row& row : rows) {
-    EXPECT_EQ(VisibleText(row.text), row.visible);
-    EXPECT_EQ(ValidUtf8(row.text), row.utf8);
+  for (const auto& [text, visible, utf8] : rows) {
+    EXPECT_EQ(VisibleText(text), visible);
+    EXPECT_EQ(ValidUtf8(text), utf8);
   }
 }
 

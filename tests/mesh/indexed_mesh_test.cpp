@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 #include "tests/mesh/loaded_mesh.h"
 #include "tests/mesh/mesh_builder.h"
@@ -10,15 +11,11 @@ namespace {
 
 using namespace mesh_builder;
 
-struct ResultCase {
-  const char* what;
-  std::string file;
-  MeshResult result;
-};
+using ResultCase = std::tuple<const char*, std::string, MeshResult>;  // what it is, its file
 
 void ExpectResults(const std::vector<ResultCase>& cases) {
-  for (const ResultCase& c : cases)
-    EXPECT_EQ(MeshResultName(LoadIm(c.file).result), MeshResultName(c.result)) << c.what;
+  for (const auto& [what, file, result] : cases)
+    EXPECT_EQ(MeshResultName(LoadIm(file).result), MeshResultName(result)) << what;
 }
 
 std::string ImOf(const std::string& info, const std::string& rest) {
@@ -125,36 +122,29 @@ TEST(IndexedMesh, AnswersForItsGeometry) {
 }
 
 TEST(IndexedMesh, ReadsGeometryByVersion) {
-  const struct {
-    std::uint32_t version;
-    std::uint32_t sets;
-    bool hasColours;
-    std::uint32_t weights;
-    const char* name;
-  } kCases[] = {
+  const std::tuple<std::uint32_t, std::uint32_t, bool, std::uint32_t, const char*> kCases[] = {
       {101, 1, false, 0, ""}, {102, 1, false, 3, ""},     {103, 2, false, 3, ""},     {104, 2, true, 3, ""},
       {199, 2, true, 3, ""},  {200, 1, false, 3, "part"}, {201, 1, false, 3, "part"},
   };
-  for (const auto& c : kCases) {
-    const Geometry geometry = {.version = c.version, .faceNormals = 2, .textureSets = 2, .weights = 3};
+  for (const auto& [version, sets, hasColours, weights, name] : kCases) {
+    const Geometry geometry = {.version = version, .faceNormals = 2, .textureSets = 2, .weights = 3};
     const LoadedIm load = LoadIm(OnePart(geometry));
-    ASSERT_EQ(load.result, RES_SUCCESS) << c.version;
+    ASSERT_EQ(load.result, RES_SUCCESS) << version;
     const MeshPart& part = load.mesh->MainLevel().parts[0];
     const Nox::GeometryChunk& chunk = *part.chunk;
-    EXPECT_EQ(part.name, c.name) << c.version;
-    EXPECT_EQ(chunk.TextureSetCount(), c.sets) << c.version;
-    EXPECT_EQ(chunk.Hint().weightCount, c.weights) << c.version;
-    EXPECT_EQ(chunk.Hint().chunkValue, 7) << c.version;
-    EXPECT_EQ(FloatsAt(chunk, Nox::StreamId::kPosition, 2), (std::vector<float>{2, 4, 6})) << c.version;
-    EXPECT_EQ(FloatsAt(chunk, Nox::TextureStream(c.sets - 1), 1),
-              (std::vector<float>{1 + 10 * static_cast<float>(c.sets - 1), 0.5}))
-        << c.version;
-    EXPECT_EQ(FloatsAt(chunk, Nox::StreamId::kNormal, 2), (std::vector<float>{0, 2, 1})) << c.version;
-    EXPECT_EQ(chunk.GetFaceNormalArray()[1], (Nox::Vector3{1, 5, 6})) << c.version;
+    EXPECT_EQ(part.name, name) << version;
+    EXPECT_EQ(chunk.TextureSetCount(), sets) << version;
+    EXPECT_EQ(chunk.Hint().weightCount, weights) << version;
+    EXPECT_EQ(chunk.Hint().chunkValue, 7) << version;
+    EXPECT_EQ(FloatsAt(chunk, Nox::StreamId::kPosition, 2), (std::vector<float>{2, 4, 6})) << version;
+    EXPECT_EQ(FloatsAt(chunk, Nox::TextureStream(sets - 1), 1),
+              (std::vector<float>{1 + 10 * static_cast<float>(sets - 1), 0.5}))
+        << version;
+    EXPECT_EQ(FloatsAt(chunk, Nox::StreamId::kNormal, 2), (std::vector<float>{0, 2, 1})) << version;
+    EXPECT_EQ(chunk.GetFaceNormalArray()[1], (Nox::Vector3{1, 5, 6})) << version;
     const std::vector<int> colour = {2, 0, 0, 255};
-    EXPECT_EQ(BytesAt(chunk, Nox::StreamId::kColour, 2), c.hasColours ? colour : std::vector<int>())
-        << c.version;
-    EXPECT_EQ(chunk.GetIndexArray()[2], 2) << c.version;
+    EXPECT_EQ(BytesAt(chunk, Nox::StreamId::kColour, 2), hasColours ? colour : std::vector<int>()) << version;
+    EXPECT_EQ(chunk.GetIndexArray()[2], 2) << version;
   }
   const LoadedIm load = LoadIm(OnePart({.format = 0x28, .axis = true}));
   const Nox::GeometryChunk& chunk = *load.mesh->MainLevel().parts[0].chunk;
@@ -163,26 +153,21 @@ TEST(IndexedMesh, ReadsGeometryByVersion) {
 }
 
 TEST(IndexedMesh, ReadsMaterialsByVersion) {
-  const struct {
-    std::uint32_t version;
-    float power;
-    MeshResult result;
-    float loadedPower;
-    float third;  // red of the third colour
-  } kCases[] = {
+  // Version and power; the result, the power that is loaded, and the red of the third colour.
+  const std::tuple<std::uint32_t, float, MeshResult, float, float> kCases[] = {
       {101, 55, RES_FILE_VERSION_ERROR, 0, 0}, {102, 55, RES_SUCCESS, 10, 0},
       {103, 55, RES_SUCCESS, 55, .7F},         {103, 10, RES_SUCCESS, 10, .7F},
       {103, 9.5, RES_SUCCESS, 10, .7F},        {104, 55, RES_FILE_VERSION_ERROR, 0, 0},
   };
-  for (const auto& c : kCases) {
-    const LoadedIm load = LoadIm(WithMaterial({.version = c.version, .flag = 0x80, .power = c.power}));
-    EXPECT_EQ(load.result, c.result) << c.version << ' ' << c.power;
+  for (const auto& [version, power, result, loadedPower, third] : kCases) {
+    const LoadedIm load = LoadIm(WithMaterial({.version = version, .flag = 0x80, .power = power}));
+    EXPECT_EQ(load.result, result) << version << ' ' << power;
     if (load.mesh == nullptr) continue;
     const Nox::Material& material = *load.mesh->MainLevel().parts[0].material;
     const Nox::DisplayMaterial& display = material.GetDisplayMaterialProperties();
-    EXPECT_EQ(display.power, c.loadedPower) << c.version << ' ' << c.power;
-    EXPECT_EQ(display.colours[2].r, c.third) << c.version << ' ' << c.power;
-    EXPECT_EQ(display.colours[2].a, c.version == 102 ? 0 : 1);
+    EXPECT_EQ(display.power, loadedPower) << version << ' ' << power;
+    EXPECT_EQ(display.colours[2].r, third) << version << ' ' << power;
+    EXPECT_EQ(display.colours[2].a, version == 102 ? 0 : 1);
     EXPECT_EQ(display.colours[0], (Nox::Colour{.1F, .2F, .3F, 1}));
     EXPECT_EQ(display.colours[3], (Nox::Colour{.5, .75, 1, .5}));
     EXPECT_TRUE(material.GetFlag());
@@ -224,33 +209,23 @@ TEST(IndexedMesh, TellsMissingMaterials) {
   EXPECT_EQ(LoadIm(file, context).mesh->MainLevel().parts[0].material->GetType(), "unheard");
 }
 
-TEST(IndexedMesh, DropsEmptyParts) {
+TEST(IndexedMesh, DropsEmptyPartsAndGroups) {
   const Material kept = {.textures = {{0, "kept.tga", 1}}};
   const Material dropped = {.textures = {{0, "dropped.tga", 1}}};
   for (const Geometry& empty : {Geometry{.faces = 0}, Geometry{.vertices = 0}, Geometry{.indices = 0}}) {
     const std::string named = Geometry{.name = "third"}.Im();
     const LoadedIm load = LoadIm(Im(
         {Part(kept.Bytes(), Geometry{}.Im()), Part(dropped.Bytes(), empty.Im()), Part(kept.Bytes(), named)},
-        Influences({{"root", "", {{1, {2}}}}})));
+        Influences({{"root", "", {{5, {}}, {1, {2}}, {6, {}}}}})));
     ASSERT_EQ(load.result, RES_SUCCESS);
     const MeshLevel& level = load.mesh->MainLevel();
     ASSERT_EQ(level.parts.size(), 2U);
+    ASSERT_EQ(level.bindings[0].size(), 1U) << "without the empty groups";
     EXPECT_EQ(level.parts[level.bindings[0][0].part].name, "third");
     EXPECT_EQ(level.VertexTotal(), 6U);
     EXPECT_EQ(level.FaceTotal(), 2U);
     EXPECT_EQ(load.mesh->pendingTextures.size(), 2U);
   }
-}
-
-TEST(IndexedMesh, DropsEmptyGroups) {
-  const LoadedIm load = LoadIm(Im({Part(Material{}.Bytes(), Geometry{}.Im())},
-                                  Influences({{"r", "", {{5, {}}, {0, {1, 2}}, {6, {}}}}})));
-  ASSERT_EQ(load.result, RES_SUCCESS);
-  const auto& groups = load.mesh->MainLevel().bindings[0];
-  ASSERT_EQ(groups.size(), 1U);
-  EXPECT_EQ(groups[0].vertices.size(), 2U);
-  EXPECT_EQ(groups[0].vertices[1].vertex, 2U);
-  EXPECT_EQ(groups[0].vertices[1].offset, (Nox::Vector3{1, 2, 3}));
 }
 
 TEST(IndexedMesh, HasABoxAroundItsPositions) {

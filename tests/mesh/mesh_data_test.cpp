@@ -3,21 +3,54 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
+#include <tuple>
+#include <utility>
 
 #include "engine/file.h"
 #include "engine/material_manager.h"
 #include "engine/resource_database.h"
+#include "mesh/mesh_reporter.h"
 #include "mesh/mesh_resource.h"
 #include "mesh/plugins.h"
 #include "tests/mesh/mesh_builder.h"
-#include "tests/mesh/recording_reporter.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace morvex {
 namespace {
 
 using namespace mesh_builder;
+
+// Keeps what it is told, a line for each finding: its severity, its number, its arguments.
+class RecordingReporter final : public MeshReporter {
+ public:
+  void Error(MeshFinding finding, std::string_view argument) override { Add("error", finding, argument); }
+  void Warning(MeshFinding finding, std::string_view first, std::string_view second) override {
+    Add("warning", finding, std::string(first) + " " + std::string(second));
+  }
+  void Trace(MeshFinding finding) override { Add("trace", finding, ""); }
+  bool AliasHidesMissingMesh() const override { return hasAlias; }
+
+  // Also forgets it.
+  std::string Take() { return std::exchange(said_, {}); }
+
+  bool hasAlias = false;
+
+ private:
+  static const char* NameOf(MeshFinding finding) {
+    constexpr const char* kNames[] = {
+        "not found",        "not loaded",      "loaded",           "texture missing", "texture refused",
+        "animation loaded", "animation unfit", "animation unread", "no animation",    "nothing to animate"};
+    return kNames[static_cast<int>(finding)];
+  }
+  void Add(const char* severity, MeshFinding finding, std::string_view arguments) {
+    said_ += std::string(severity) + " " + NameOf(finding);
+    if (!arguments.empty()) said_ += " " + std::string(arguments);
+    said_ += "\n";
+  }
+
+  std::string said_;
+};
 
 class MeshDataTest : public testing::Test {
  protected:
@@ -27,10 +60,7 @@ class MeshDataTest : public testing::Test {
   }
   ~MeshDataTest() override { Nox::File::Subst(kPack, {}, true); }
 
-  void Write(const std::string& name, const std::string& content) {
-    std::filesystem::create_directories(std::filesystem::path(folder_ / name).parent_path());
-    std::ofstream(folder_ / name, std::ios::binary) << content;
-  }
+  void Write(const std::string& name, const std::string& content) { PutFile(folder_ / name, content); }
   // What is said of a load, without the word that it went well.
   std::string Load(MeshData& mesh, const std::string& name) {
     const bool isLoaded = mesh.Load(name, &reporter_);
@@ -74,9 +104,7 @@ TEST_F(MeshDataTest, TellsWhatAMeshHolds) {
 }
 
 TEST_F(MeshDataTest, LevelsOfDetailStandForTheLastOneByThreshold) {
-  Geometry two;
-  two.faces = 2;
-  two.indices = 6;
+  const Geometry two = {.faces = 2, .indices = 6};
   Write("a.lm", Lm({LmInfo(2), MaterialTable({Material{}}), Level(0.1F, {LevelPart(0, Geometry{}.Lm())}),
                     Level(1, {LevelPart(0, two.Lm())})}));
   Write("near/b.im", Im({Part(Material{}.Bytes(), two.Im())}));
@@ -95,8 +123,7 @@ TEST_F(MeshDataTest, TellsOfWhatDoesNotLoad) {
   Write("text.tga", "");
   Write("rootless.im", Im({Part(Material{}.Bytes(), Geometry{}.Im())}, Influences({{"arm", "nobody"}})));
   Write("far.lm.txt", "version 1.0\nmesh 1.0 { name \"gone.im\" }\n");
-  Material velvet;
-  velvet.name = "hull.m.velvet";
+  const Material velvet = {.name = "hull.m.velvet"};
   Write("velvet.im", Im({Part(velvet.Bytes(), Geometry{}.Im())}));
   const std::pair<const char*, const char*> rows[] = {
       {"gone.im", "error not found gone.im\n"},        {"gone.im;text.im", "error not found gone.im\n"},
@@ -118,18 +145,8 @@ TEST_F(MeshDataTest, TellsOfWhatDoesNotLoad) {
   EXPECT_EQ(reporter_.Take(), "error nothing to animate a.kin\n");
 }
 
-TEST_F(MeshDataTest, WithoutAManagerAnyMaterialWillDo) {
-  Material velvet;
-  velvet.name = "hull.m.velvet";
-  Write("velvet.im", Im({Part(velvet.Bytes(), Geometry{}.Im())}));
-  MeshData mesh(database_, nullptr);
-  EXPECT_EQ(Load(mesh, "velvet.im"), "");
-  EXPECT_EQ(mesh.GetDefinition()->MainLevel().parts[0].material->GetType(), "velvet");
-}
-
 TEST_F(MeshDataTest, ResourcesTellWhichMaterialsAreMissing) {
-  Material velvet;
-  velvet.name = "hull.m.velvet";
+  const Material velvet = {.name = "hull.m.velvet"};
   Write("a.im", Im({Part(velvet.Bytes(), Geometry{}.Im())}));
   const Nox::Ref<Nox::Resource> found = database_.Get("a.im");
   auto& resource = dynamic_cast<MorvexGeometryBaseResource&>(*found);
@@ -149,12 +166,7 @@ TEST_F(MeshDataTest, AnimationsMustFit) {
   MeshData mesh(database_, &materials_), bare(database_, &materials_);
   ASSERT_EQ(Load(mesh, "a.im"), "");
   ASSERT_EQ(Load(bare, "bare.im"), "");
-  struct Row {
-    MeshData& mesh;
-    const char* name;
-    const char* said;
-  };
-  const Row rows[] = {
+  const std::tuple<MeshData&, const char*, const char*> rows[] = {
       {mesh, "swing.kin", "trace animation loaded\n"},
       {mesh, "still.kin", "trace animation loaded\n"},
       {mesh, "other.kin", "error animation unfit other.kin\n"},
@@ -163,9 +175,9 @@ TEST_F(MeshDataTest, AnimationsMustFit) {
       {bare, "swing.kin", "error animation unfit swing.kin\n"},
       {bare, "still.kin", "trace animation loaded\n"},
   };
-  for (const Row& row : rows) {
-    EXPECT_EQ(row.mesh.AddAnimation(row.name), std::string(row.said).starts_with("trace")) << row.name;
-    EXPECT_EQ(reporter_.Take(), row.said);
+  for (const auto& [loaded, name, said] : rows) {
+    EXPECT_EQ(loaded.AddAnimation(name), std::string(said).starts_with("trace")) << name;
+    EXPECT_EQ(reporter_.Take(), said);
   }
   ASSERT_EQ(mesh.GetAnimations().size(), 2u);
   EXPECT_EQ(mesh.GetAnimations()[0].name, "swing.kin");
@@ -174,53 +186,45 @@ TEST_F(MeshDataTest, AnimationsMustFit) {
 
 // The textures of one material, the files beside the mesh, and what is said.
 TEST_F(MeshDataTest, LooksForTextures) {
-  struct Row {
-    const char* material;
-    Texture texture;
-    std::vector<std::pair<const char*, const char*>> files;
-    const char* said;
-  };
-  const Row rows[] = {
-      {"m.onetex", {0, "C:\\art/Wall.TGA"}, {{"wall.tga", ""}}, ""},
-      {"m.onetex", {0, "wall.tga"}, {}, "error texture missing a/wall.tga\n"},
-      {"m.onetex", {9, "wall.tga"}, {{"wall.tga", ""}}, "warning texture refused a/wall.tga m.im\n"},
-      {"m.tbumptex",
-       {8, "wall.tga"},
-       {},
-       "warning texture refused a/wall.tga m.im\nerror texture missing a/wall.tga\n"},
-      {"m.onetex", {0, "w.texture"}, {{"w.texture.txt", "Primary=Tex.TGA\r\n"}, {"tex.tga", ""}}, ""},
-      {"m.onetex", {0, "w.texture.txt"}, {{"w.texture.txt", "Primary tex.tga"}, {"tex.tga", ""}}, ""},
-      {"m.onetex",
-       {0, "w.texture"},
-       {{"w.texture.txt", "Primary=Tex.TGA"}},
-       "error texture missing a/tex.tga\n"},
-      {"m.onetex",
-       {0, "w.texture.txt"},
-       {{"w.texture.txt", "Alpha=b.tga\nPrimary=c.tga\nPrimary=d.tga"}, {"d.tga", ""}},
-       "error texture missing a/c.tga\n"},
-      {"m.onetex", {0, "w.texture"}, {{"w.texture.txt", "primary=tex.tga\nAlpha=gone.tga"}}, ""},
-      {"m.onetex", {0, "w.texture"}, {{"w.texture", ""}}, ""},
-      {"m.onetex", {0, "w.texture"}, {}, "error texture missing a/w.texture\n"},
-      {"m.onetex", {0, "w.texture.txt"}, {}, "error texture missing a/w.texture.txt\n"},
-  };
-  for (const Row& row : rows) {
+  const std::tuple<const char*, Texture, std::vector<std::pair<const char*, const char*>>, const char*>
+      rows[] = {
+          {"m.onetex", {0, "C:\\art/Wall.TGA"}, {{"wall.tga", ""}}, ""},
+          {"m.onetex", {0, "wall.tga"}, {}, "error texture missing a/wall.tga\n"},
+          {"m.onetex", {9, "wall.tga"}, {{"wall.tga", ""}}, "warning texture refused a/wall.tga m.im\n"},
+          {"m.tbumptex",
+           {8, "wall.tga"},
+           {},
+           "warning texture refused a/wall.tga m.im\nerror texture missing a/wall.tga\n"},
+          {"m.onetex", {0, "w.texture"}, {{"w.texture.txt", "Primary=Tex.TGA\r\n"}, {"tex.tga", ""}}, ""},
+          {"m.onetex", {0, "w.texture.txt"}, {{"w.texture.txt", "Primary tex.tga"}, {"tex.tga", ""}}, ""},
+          {"m.onetex",
+           {0, "w.texture"},
+           {{"w.texture.txt", "Primary=Tex.TGA"}},
+           "error texture missing a/tex.tga\n"},
+          {"m.onetex",
+           {0, "w.texture.txt"},
+           {{"w.texture.txt", "Alpha=b.tga\nPrimary=c.tga\nPrimary=d.tga"}, {"d.tga", ""}},
+           "error texture missing a/c.tga\n"},
+          {"m.onetex", {0, "w.texture"}, {{"w.texture.txt", "primary=tex.tga\nAlpha=gone.tga"}}, ""},
+          {"m.onetex", {0, "w.texture"}, {{"w.texture", ""}}, ""},
+          {"m.onetex", {0, "w.texture"}, {}, "error texture missing a/w.texture\n"},
+          {"m.onetex", {0, "w.texture.txt"}, {}, "error texture missing a/w.texture.txt\n"},
+      };
+  for (const auto& [type, texture, files, said] : rows) {
     std::filesystem::remove_all(folder_ / "a");
     database_.DumpUnusedResourcesFromCache();
-    Material material;
-    material.name = row.material;
-    material.textures = {row.texture};
+    const Material material = {.name = type, .textures = {texture}};
     Write("a/m.im", Im({Part(material.Bytes(), Geometry{}.Im())}));
-    for (const auto& [name, content] : row.files)
+    for (const auto& [name, content] : files)
       Write(std::string("a/") + name, content);
     MeshData mesh(database_, &materials_);
-    EXPECT_EQ(Load(mesh, "a/m.im"), row.said) << row.material << " " << row.texture.name;
+    EXPECT_EQ(Load(mesh, "a/m.im"), said) << type << " " << texture.name;
   }
 }
 
 TEST_F(MeshDataTest, LooksForTheTexturesOfEveryLevelOnce) {
-  Material far, near;
-  far.textures = {{0, "far.tga"}, {1, "both.tga"}};
-  near.textures = {{0, "both.tga"}, {1, "both.tga"}};
+  const Material far = {.textures = {{0, "far.tga"}, {1, "both.tga"}}};
+  const Material near = {.textures = {{0, "both.tga"}, {1, "both.tga"}}};
   Write("a.lm", Lm({LmInfo(2), MaterialTable({far, near}), Level(0.1F, {LevelPart(0, Geometry{}.Lm())}),
                     Level(1, {LevelPart(1, Geometry{}.Lm())})}));
   LODMeshData mesh(database_, &materials_);

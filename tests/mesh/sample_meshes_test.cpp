@@ -4,20 +4,13 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string Content(const fs::path& path) {
-  std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 TEST(SampleMeshes, AreAsTheirProgramWritesThem) {
   const ScratchFolder made;
@@ -26,7 +19,7 @@ TEST(SampleMeshes, AreAsTheirProgramWritesThem) {
   for (const auto& entry : fs::recursive_directory_iterator(made.path())) {
     if (!entry.is_regular_file()) continue;
     const fs::path name = fs::relative(entry.path(), made.path());
-    EXPECT_TRUE(Content(entry.path()) == Content(MORVEX_SAMPLES / name))
+    EXPECT_TRUE(GetFile(entry.path()) == GetFile(MORVEX_SAMPLES / name))
         << name << ": run make_meshes on the folder of the samples";
     ++count;
   }

@@ -17,10 +17,8 @@ std::vector<MeshInfluence> InfluencesOf(const std::vector<std::pair<const char*,
 }
 
 TEST(Skeleton, HangsBonesUnderTheirParents) {
-  const struct {
-    std::vector<std::pair<const char*, const char*>> bones;  // name, parent
-    const char* tree;
-  } kCases[] = {
+  // The name and the parent of each bone, and the tree.
+  const std::pair<std::vector<std::pair<const char*, const char*>>, const char*> kCases[] = {
       {{{"root", ""}, {"arm", "root"}, {"hand", "arm"}, {"leg", "root"}}, "root(arm(hand) leg)"},
       {{{"hand", "arm"}, {"arm", "root"}, {"root", ""}}, "root(arm(hand))"},  // parents behind their children
       {{{"arm", "root"}, {"root", ""}, {"root2", ""}}, "root(arm root2)"},    // one root alone
@@ -32,13 +30,10 @@ TEST(Skeleton, HangsBonesUnderTheirParents) {
       {{{"a", "b"}, {"b", "a"}}, ""},                                            // no root
       {{}, ""},
   };
-  for (const auto& c : kCases) {
-    std::vector<MeshInfluence> influences = InfluencesOf(c.bones);
-    EXPECT_EQ(BoneTreeText(SkeletonOfInfluences(influences)), c.tree);
+  for (const auto& [bones, tree] : kCases) {
+    std::vector<MeshInfluence> influences = InfluencesOf(bones);
+    EXPECT_EQ(BoneTreeText(SkeletonOfInfluences(influences)), tree);
   }
-}
-
-TEST(Skeleton, NamesTheRootAsParentOfLaterRoots) {
   std::vector<MeshInfluence> influences = InfluencesOf({{"root", ""}, {"second", ""}});
   SkeletonOfInfluences(influences);
   EXPECT_EQ(influences[0].parent, "");

@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "engine/file.h"
 #include "tagdata/morvex_ex.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace morvex {
 namespace {
@@ -20,9 +20,7 @@ class InterfaceTextTest : public testing::Test {
   InterfaceTextTest() { Nox::File::Subst(Nox::PString("data"), folder_.path(), true); }
   ~InterfaceTextTest() override { Nox::File::Subst(Nox::PString("data"), "", true); }
 
-  void WriteText(const std::string& name, const std::string& content) {
-    std::ofstream(folder_ / name) << content;
-  }
+  void WriteText(const std::string& name, const std::string& content) { PutFile(folder_ / name, content); }
   void WriteCompiled(const std::string& name, const std::string& value) {
     TagContainer soup;
     soup.SetString(kKey, value);

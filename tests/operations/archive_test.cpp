@@ -52,13 +52,9 @@ class ArchiveTest : public OperationsTest {
   std::string TwoAssets() {
     MakeCommitted(kAsset);
     MakeCommitted(kOther);
-    EXPECT_EQ(ZEBCreateArchive(At("both.crak"), "both", ListOf({kAsset, kOther}), &log_),
+    EXPECT_EQ(ZEBCreateArchive(Path("both.crak"), "both", ListOf({kAsset, kOther}), &log_),
               ArchiveResult::kMade);
     return Read("both.crak");
-  }
-  std::string Read(const std::string& path) const {
-    std::ifstream in(At(path), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
   }
   static uint32_t U32At(std::string_view bytes, size_t at) { return Nox::ByteReader(bytes.substr(at)).U32(); }
   void PutU32(std::string& bytes, size_t at, uint32_t value) const {
@@ -70,13 +66,13 @@ class ArchiveTest : public OperationsTest {
     ZEBDeleteAsset(kOther, false);
     Write("x.crak", bytes);
     KUIDList wanted = ListOf({kAsset, kOther});
-    ZEBRestoreFromArchive(wanted, At("x.crak"), &log_, nullptr);
+    ZEBRestoreFromArchive(wanted, Path("x.crak"), &log_, nullptr);
     return Names(wanted);
   }
   std::string ListFile(const std::string& bytes) {
     Write("x.crak", bytes);
     KUIDList kuids;
-    const bool whole = ZEBReadArchive(At("x.crak"), kuids, &log_);
+    const bool whole = ZEBReadArchive(Path("x.crak"), kuids, &log_);
     return Names(kuids) + (whole ? "" : "!");
   }
 };
@@ -143,13 +139,13 @@ TEST_F(ArchiveTest, AssetsComeBackAsTheyWere) {
 
 TEST_F(ArchiveTest, WhatCantBeMadeLeavesNothing) {
   MakeCommitted(kAsset);
-  EXPECT_EQ(ZEBCreateArchive(At("a"), "a", ListOf({kAsset, kOther}), &log_), ArchiveResult::kNotPackaged);
+  EXPECT_EQ(ZEBCreateArchive(Path("a"), "a", ListOf({kAsset, kOther}), &log_), ArchiveResult::kNotPackaged);
   EXPECT_EQ(Said(), "3 unable_to_open <kuid:100:201>\n");
-  EXPECT_EQ(ZEBCreateArchive(At("a"), "a", ListOf({kAsset, kAsset}), &log_), ArchiveResult::kRefused);
-  EXPECT_EQ(ZEBCreateArchive(At("none/a"), "a", ListOf({kAsset}), &log_), ArchiveResult::kNotWritten);
-  EXPECT_FALSE(Has("a"));
+  EXPECT_EQ(ZEBCreateArchive(Path("a"), "a", ListOf({kAsset, kAsset}), &log_), ArchiveResult::kRefused);
+  EXPECT_EQ(ZEBCreateArchive(Path("none/a"), "a", ListOf({kAsset}), &log_), ArchiveResult::kNotWritten);
+  EXPECT_FALSE(Exists("a"));
   Write("a", "something");
-  EXPECT_EQ(ZEBCreateArchive(At("a"), "a", ListOf({kAsset}), &log_), ArchiveResult::kExists);
+  EXPECT_EQ(ZEBCreateArchive(Path("a"), "a", ListOf({kAsset}), &log_), ArchiveResult::kExists);
   EXPECT_EQ(Read("a"), "something");
   EXPECT_TRUE(ZEBListArchives().empty());
   EXPECT_FALSE(ZEBAssetCache::Instance().IsArchived(*Record(kAsset)));
@@ -160,9 +156,9 @@ TEST_F(ArchiveTest, CutFilesTellAndChangeNothing) {
   for (size_t size = 0; size < bytes.size(); ++size) {
     Write("x.crak", bytes.substr(0, size));
     KUIDList kuids;
-    EXPECT_FALSE(ZEBReadArchive(At("x.crak"), kuids, &log_)) << size;
+    EXPECT_FALSE(ZEBReadArchive(Path("x.crak"), kuids, &log_)) << size;
     EXPECT_EQ(Said(), "3 archive_unreadable\n") << size;
-    EXPECT_FALSE(ZEBScanArchive(At("x.crak"), nullptr)) << size;
+    EXPECT_FALSE(ZEBScanArchive(Path("x.crak"), nullptr)) << size;
   }
   EXPECT_EQ(Names(ZEBListArchives()[0].kuids), "<kuid:100:200> <kuid:100:201> ");
   EXPECT_TRUE(Record(kAsset)->Has(AssetState::kArchivedKnown));
@@ -184,14 +180,12 @@ TEST_F(ArchiveTest, PlacesThatLieEndTheWalk) {
     std::string lying = bytes;
     PutU32(lying, 24, next);
     EXPECT_EQ(ListFile(lying), next < 44 ? "!" : "<kuid:100:200> !") << next;
+    EXPECT_EQ(Said(), "3 archive_unreadable\n") << next;
   }
   std::string loop = bytes;
   PutU32(loop, second + 8, 16);  // the second entry leads back to the first
   EXPECT_EQ(ListFile(loop), "<kuid:100:200> !");
-  EXPECT_EQ(Said(),
-            "3 archive_unreadable\n3 archive_unreadable\n3 archive_unreadable\n"
-            "3 archive_unreadable\n3 archive_unreadable\n3 archive_unreadable\n"
-            "3 archive_unreadable\n3 archive_unreadable\n");
+  EXPECT_EQ(Said(), "3 archive_unreadable\n");
 }
 
 TEST_F(ArchiveTest, ForeignFilesAreTold) {
@@ -209,7 +203,7 @@ TEST_F(ArchiveTest, AnItemOfAnotherAssetIsntInstalled) {
   PutU32(bytes, 16, 202);  // the entry says kThird
   Write("x.crak", bytes);
   KUIDList wanted = ListOf({kThird});
-  ZEBRestoreFromArchive(wanted, At("x.crak"), &log_, nullptr);
+  ZEBRestoreFromArchive(wanted, Path("x.crak"), &log_, nullptr);
   EXPECT_EQ(Names(wanted), "<kuid:100:202> ");
   EXPECT_EQ(Said(), "3 archive_unreadable\n");
   EXPECT_EQ(State(kThird), "unknown");
@@ -226,7 +220,7 @@ TEST_F(ArchiveTest, ScanningMakesRecordsAndReplacesTheEntry) {
   ASSERT_EQ(Record(kOther), nullptr);
 
   for (int times = 0; times < 2; ++times) {
-    EXPECT_TRUE(ZEBScanArchive(At("both.crak"), &log_));
+    EXPECT_TRUE(ZEBScanArchive(Path("both.crak"), &log_));
     ASSERT_EQ(ZEBListArchives().size(), 1U);
     EXPECT_EQ(ZEBListArchives()[0].serial, serial);
     EXPECT_TRUE(cache.IsArchived(*Record(kAsset)));
@@ -241,7 +235,7 @@ TEST_F(ArchiveTest, MatchesOnlyItsOwnWholeFile) {
   const auto matches = [&](const std::string& content) {
     Write("x.crak", content);
     TFile file;
-    return file.Open(At("x.crak"), Nox::OpenMode::kRead) && archive.Matches(file);
+    return file.Open(Path("x.crak"), Nox::OpenMode::kRead) && archive.Matches(file);
   };
   EXPECT_TRUE(matches(bytes));
   EXPECT_FALSE(matches(bytes + "x"));

@@ -17,12 +17,13 @@ TEST_F(OperationsTest, InstalledFolderIsOpenAndCommitRenamesIt) {
   EXPECT_EQ(State(kAsset), "open ");
   EXPECT_EQ(Tree(EditPath(kAsset)), (Files{{"art/blue.tga", kArt}, {"config.txt", ""}, {"mesh.im", "mesh"}}));
 
-  std::filesystem::create_hard_link(At(EditPath(kAsset) + "/mesh.im"), At("mesh"));
+  std::filesystem::create_hard_link(Path(EditPath(kAsset) + "/mesh.im"), Path("mesh"));
   EXPECT_TRUE(Commit(kAsset));
   EXPECT_EQ(State(kAsset), "local ");
   EXPECT_EQ(Tree(LocalPath(kAsset)),
             (Files{{"art/blue.tga", kArt}, {"config.chump", ""}, {"mesh.im", "mesh"}}));
-  EXPECT_TRUE(std::filesystem::equivalent(At(LocalPath(kAsset) + "/mesh.im"), At("mesh"))) << "a copied file";
+  EXPECT_TRUE(std::filesystem::equivalent(Path(LocalPath(kAsset) + "/mesh.im"), Path("mesh")))
+      << "a copied file";
   EXPECT_EQ(Names("editing") + "local/" + Names("local"), LocalPath(kAsset) + " ");
 }
 
@@ -31,7 +32,7 @@ TEST_F(OperationsTest, EditIsRepeatableAndRevertTakesItBack) {
   for (int i = 0; i < 2; ++i) {
     EXPECT_FALSE(ZEBOpenAsset(kAsset, true, &log_).IsEmpty());
     EXPECT_EQ(EditPath(kAsset), "editing/Big Engine _blue_");
-    EXPECT_EQ(Has(EditPath(kAsset) + "/new.txt"), i == 1);
+    EXPECT_EQ(Exists(EditPath(kAsset) + "/new.txt"), i == 1);
     Write(EditPath(kAsset) + "/new.txt", "mine");
   }
   const ZEBAssetHandle reading = ZEBOpenAsset(kAsset, false, &log_);
@@ -44,15 +45,13 @@ TEST_F(OperationsTest, EditIsRepeatableAndRevertTakesItBack) {
   EXPECT_TRUE(ZEBOpenAsset(kOther, false, &log_).IsEmpty());
   EXPECT_EQ(Said(), "4 installed <kuid:100:201>\n3 not_committed <kuid:100:201>\n");
   const ZEBAssetHandle handle = ZEBOpenAsset(kOther, true, nullptr);
-  EXPECT_TRUE(ZEBRevertAssetEdits(handle) && handle.IsEmpty());
+  EXPECT_TRUE(ZEBRevertAssetEdits(handle));
+  EXPECT_TRUE(handle.IsEmpty());
 }
 
 TEST_F(OperationsTest, CommitNamesWhatIsWrongAndLosesNothing) {
   using Folder = const std::filesystem::path&;
-  struct {
-    const char* said;
-    void (*spoil)(Folder edit, Folder local);
-  } const cases[] = {
+  const std::pair<std::string, void (*)(Folder edit, Folder local)> cases[] = {
       {"3 commit_missing_config %\n",
        [](Folder edit, Folder) { std::filesystem::remove(edit / "config.txt"); }},
       {"3 commit_duplicate_config %\n",
@@ -68,15 +67,16 @@ TEST_F(OperationsTest, CommitNamesWhatIsWrongAndLosesNothing) {
        }},
   };
   MakeCommitted(kAsset);
-  for (const auto& test : cases) {
+  for (const auto& [said, spoil] : cases) {
     ASSERT_FALSE(ZEBOpenAsset(kAsset, true, nullptr).IsEmpty());
-    test.spoil(At(EditPath(kAsset)), At(LocalPath(kAsset)));
+    spoil(Path(EditPath(kAsset)), Path(LocalPath(kAsset)));
     const Files edited = Tree(EditPath(kAsset));
     const Files local = Tree(LocalPath(kAsset));
     EXPECT_FALSE(Commit(kAsset));
-    EXPECT_EQ(Said(), std::string(test.said).replace(std::string(test.said).find('%'), 1, "<kuid:100:200>"));
+    EXPECT_EQ(Said(), std::string(said).replace(said.find('%'), 1, "<kuid:100:200>"));
     ASSERT_EQ(State(kAsset), "open local ");
-    EXPECT_TRUE(Tree(EditPath(kAsset)) == edited && Tree(LocalPath(kAsset)) == local) << test.said;
+    EXPECT_EQ(Tree(EditPath(kAsset)), edited) << said;
+    EXPECT_EQ(Tree(LocalPath(kAsset)), local) << said;
     EXPECT_EQ("local/" + Names("local"), LocalPath(kAsset) + " ");
     ZEBRevertAssetEdits(ZEBOpenAsset(kAsset, false, nullptr));
   }
@@ -86,13 +86,17 @@ TEST_F(OperationsTest, CommitFlagsAndPermissions) {
   MakeCommitted(kAsset);
   EXPECT_TRUE(Commit(kAsset, kCommitKeepOpen));
   EXPECT_EQ(State(kAsset), "open local ");
+  const std::string mesh = Path("mesh");
+  std::filesystem::create_hard_link(Path(EditPath(kAsset) + "/mesh.im"), mesh);
   Record(kAsset)->Set(AssetFlag::kPermitCommit, false);
   EXPECT_FALSE(Commit(kAsset));
   Record(kAsset)->Set(AssetFlag::kPermitCommit, true);
   Write(EditPath(kAsset) + "/tool.exe", "x");
   EXPECT_TRUE(Commit(kAsset, kCommitToPack | kCommitUnchecked));
   EXPECT_EQ(State(kAsset) + std::string(Record(kAsset)->PackName()), "pack local");
-  EXPECT_TRUE(Has("local/" + std::string(Record(kAsset)->PackPath()) + "/tool.exe"));
+  const std::string pack = "local/" + std::string(Record(kAsset)->PackPath());
+  EXPECT_TRUE(Exists(pack + "/tool.exe"));
+  EXPECT_TRUE(std::filesystem::equivalent(Path(pack + "/mesh.im"), mesh)) << "a copied file";
   Record(kAsset)->Set(AssetFlag::kPermitEdit, false);
   EXPECT_TRUE(ZEBOpenAsset(kAsset, true, &log_).IsEmpty());
   EXPECT_EQ(Said(), "3 commit_perm <kuid:100:200>\n3 edit_perm <kuid:100:200>\n");
@@ -106,14 +110,14 @@ TEST_F(OperationsTest, FoldersThatCannotBeMadeAreNamedAndNothingIsLost) {
   ZEBRevertAssetEdits(ZEBOpenAsset(kAsset, false, nullptr));
   EXPECT_FALSE(ZEBCommitAssetEdits(stale, 0, &log_, nullptr)) << "closed meanwhile through another handle";
 
-  std::filesystem::rename(At("local"), At("kept"));
+  std::filesystem::rename(Path("local"), Path("kept"));
   Write("local", "a file in the way");
   EXPECT_FALSE(Commit(kOther));
-  std::filesystem::remove(At("local"));
-  std::filesystem::rename(At("kept"), At("local"));
+  std::filesystem::remove(Path("local"));
+  std::filesystem::rename(Path("kept"), Path("local"));
   EXPECT_TRUE(Commit(kOther));
 
-  std::filesystem::remove(At("editing"));
+  std::filesystem::remove(Path("editing"));
   Write("editing", "a file in the way");
   EXPECT_TRUE(ZEBOpenAsset(kAsset, true, &log_).IsEmpty());
   EXPECT_EQ(Said(),
@@ -128,7 +132,7 @@ TEST_F(OperationsTest, EditRefusesWhatAPackageCouldNotHold) {
     Write(LocalPath(kAsset) + "/" + name, "x");
     EXPECT_TRUE(ZEBOpenAsset(kAsset, true, &log_).IsEmpty()) << name;
     EXPECT_EQ(State(kAsset) + Said(), "local 3 copy_file_error <kuid:100:200>\n");
-    std::filesystem::remove(At(LocalPath(kAsset) + "/" + name));
+    std::filesystem::remove(Path(LocalPath(kAsset) + "/" + name));
   }
 }
 
@@ -172,10 +176,10 @@ TEST_F(OperationsTest, AssetSurvivesACommitThatIsKilled) {
   for (const int moment : {1, 2, 3, 4}) {
     MakeCommitted(kAsset);
     ZEBOpenAsset(kAsset, true, nullptr);
-    const std::string edit = At(EditPath(kAsset)), local = At(LocalPath(kAsset)),
-                      saved = At("local/tempabcd12341");
+    const std::string edit = Path(EditPath(kAsset)), local = Path(LocalPath(kAsset)),
+                      saved = Path("local/tempabcd12341");
     Stop();
-    std::filesystem::rename(At("assets.tdx"), At("cache/assets.bku"));
+    std::filesystem::rename(Path("assets.tdx"), Path("cache/assets.bku"));
     std::filesystem::rename(local, saved);
     if (moment >= 2) std::filesystem::rename(edit, local);
     if (moment >= 3) std::filesystem::copy(saved + "/config.chump", local + "/config.chump");

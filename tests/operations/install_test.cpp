@@ -33,24 +33,24 @@ TEST_F(OperationsTest, PackageGoesThereAndBack) {
   const Files files = Tree(LocalPath(kAsset));
   TagContainer archive;
   for (const KUID& kuid : {kAsset, kOther})
-    EXPECT_TRUE(AddAsset(archive, ZEBMakeAssetPackage(kuid, &log_)).Empty());
-  ASSERT_TRUE(SaveArchive(archive, At("two.cdp")).Empty());
+    EXPECT_TRUE(morvex::AddAsset(archive, ZEBMakeAssetPackage(kuid, &log_)).Empty());
+  ASSERT_TRUE(SaveArchive(archive, Path("two.cdp")).Empty());
 
-  EXPECT_EQ(ZEBInstallPackageFile(At("two.cdp"), &log_, kInstallCommit, nullptr), 0U);
+  EXPECT_EQ(ZEBInstallPackageFile(Path("two.cdp"), &log_, kInstallCommit, nullptr), 0U);
   EXPECT_EQ(Said(), "2 already_installed <kuid:100:200>\n2 already_installed <kuid:100:201>\n");
   ZEBDeleteAsset(kAsset, true);
-  EXPECT_EQ(ZEBInstallPackageFile(At("two.cdp"), &log_, kInstallCommit, nullptr), 1U);
+  EXPECT_EQ(ZEBInstallPackageFile(Path("two.cdp"), &log_, kInstallCommit, nullptr), 1U);
   EXPECT_EQ(Said(), "4 installed <kuid:100:200>\n2 already_installed <kuid:100:201>\n");
   EXPECT_EQ(Tree(LocalPath(kAsset)), files);
 
   Write("bad.cdp", "no package");
-  EXPECT_EQ(ZEBInstallPackageFile(At("bad.cdp"), &log_, kInstallCommit, nullptr), 0U);
-  EXPECT_EQ(Said(), "3 unreadable_cdp " + At("bad.cdp") + "\n");
+  EXPECT_EQ(ZEBInstallPackageFile(Path("bad.cdp"), &log_, kInstallCommit, nullptr), 0U);
+  EXPECT_EQ(Said(), "3 unreadable_cdp " + Path("bad.cdp") + "\n");
 }
 
 TEST_F(OperationsTest, PackagingNamesWhatStopsIt) {
   MakeCommitted(kAsset);
-  const std::string stray = At(LocalPath(kAsset) + "/notes.doc");
+  const std::string stray = Path(LocalPath(kAsset) + "/notes.doc");
   std::ofstream(stray) << "x";
   EXPECT_TRUE(ZEBMakeAssetPackage(kOther, &log_).IsEmpty());
   EXPECT_TRUE(ZEBMakeAssetPackage(kAsset, &log_).IsEmpty());
@@ -105,8 +105,8 @@ TEST_F(OperationsTest, ReplacingRules) {
 
 TEST_F(OperationsTest, NothingIsRemovedBehindALinkThatLeadsOut) {
   ScratchFolder outside;
-  std::filesystem::remove(At("editing"));
-  std::filesystem::create_directory_symlink(outside.path(), At("editing"));
+  std::filesystem::remove(Path("editing"));
+  std::filesystem::create_directory_symlink(outside.path(), Path("editing"));
   WriteSource("new", kAsset);
   EXPECT_EQ(InstallFolder("new"), 1U);
   EXPECT_EQ(Said(), "3 overwrite_error <kuid:100:200>\n");
@@ -119,14 +119,14 @@ TEST_F(OperationsTest, FoldersAreSearchedDownToTheFirstConfiguration) {
   Write("tree/nokuid/config.txt", "kind x");
   WriteSource("tree/wrong", KUID(100, 203, 0));
   Write("tree/wrong/notes.doc", "x");
-  std::filesystem::create_directory_symlink(At("tree"), At("tree/loop"));
+  std::filesystem::create_directory_symlink(Path("tree"), Path("tree/loop"));
   EXPECT_EQ(InstallFolder("tree"), 4U);
-  EXPECT_EQ(Said(), "4 installed <kuid:100:201>\n2 unable_read_config_at " + At("tree/nokuid") +
-                        "\n4 installed <kuid:100:200>\n2 package_file_bad_ext " + At("tree/wrong/notes.doc") +
-                        "\n2 skipping_asset_at " + At("tree/wrong") + "\n");
+  EXPECT_EQ(Said(), "4 installed <kuid:100:201>\n2 unable_read_config_at " + Path("tree/nokuid") +
+                        "\n4 installed <kuid:100:200>\n2 package_file_bad_ext " +
+                        Path("tree/wrong/notes.doc") + "\n2 skipping_asset_at " + Path("tree/wrong") + "\n");
   EXPECT_EQ(ZEBAssetCache::Instance().Count(), 2U);
   const std::atomic<uint8_t> cancelled{1};
-  EXPECT_EQ(ZEBInstallFromPath(At("tree"), &log_, nullptr, &cancelled), 0U);
+  EXPECT_EQ(ZEBInstallFromPath(Path("tree"), &log_, nullptr, &cancelled), 0U);
 }
 
 TEST_F(OperationsTest, CloneIsANewAssetThatReplacesItsOriginal) {
@@ -136,7 +136,7 @@ TEST_F(OperationsTest, CloneIsANewAssetThatReplacesItsOriginal) {
   const KUID kuid = clone.Record()->Kuid();
   EXPECT_EQ(Said(), "4 cloned <kuid:100:200> " + kuid.TagText() + "\n");
   EXPECT_TRUE(clone.Record()->Has(AssetState::kCloned));
-  EXPECT_TRUE(Has(EditPath(kuid) + "/mesh.im"));
+  EXPECT_TRUE(Exists(EditPath(kuid) + "/mesh.im"));
   const TagContainer config = ZEBAssetCache::Instance().Config(*clone.Record());
   EXPECT_EQ(config.GetKUID(PackageTags::kKuid), kuid);
   EXPECT_EQ(config.GetContainer(PackageTags::kObsoleteTable).GetKUID(Nox::PString("0")), kAsset);

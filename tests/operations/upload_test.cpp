@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "database/catalogue/asset_lock.h"
 #include "database/catalogue/kuid_generator.h"
 #include "net/transfer/download_manager.h"
@@ -26,7 +24,7 @@ class UploadTest : public OperationsTest {
     KUIDList list;
     for (const KUID& kuid : kuids)
       list.Add(kuid);
-    DownloadManager downloads(At("cache/internet"));
+    DownloadManager downloads(Path("cache/internet"));
     DownloadSettings settings;
     settings.webServer = {"localhost", port};
     settings.username = "me";
@@ -44,7 +42,7 @@ TEST_F(UploadTest, SendsOnePackage) {
   EXPECT_EQ(Said(), "4 upload_complete\n4 upload_complete\n");
   Write("sent.cdp", station.Uploaded("UL_File"));
   TagContainer package;
-  ASSERT_TRUE(OpenArchive(package, {}, At("sent.cdp")).Empty());
+  ASSERT_TRUE(OpenArchive(package, {}, Path("sent.cdp")).Empty());
   EXPECT_EQ(GetAssetCount(package), 2U);
   EXPECT_EQ(FindAsset(package, kOther), 1);
   const std::pair<const char*, const char*> kFields[] = {
@@ -63,10 +61,7 @@ TEST_F(UploadTest, SendsOnePackage) {
 }
 
 TEST_F(UploadTest, OneThatMayNotGoStopsAll) {
-  const struct {
-    KUID kuid;
-    const char* key;
-  } kRows[] = {
+  const std::pair<KUID, const char*> kRows[] = {
       {KUID(100, 1, 0), "asset_not_built_in"},    {KUID(100, 2, 0), "asset_already_on_dls"},
       {KUID(100, 3, 0), "already_open_for_edit"}, {KUID(100, 4, 0), "upload_asset_faulty"},
       {KUID(7, 1, 0), "upload_asset_not_local"},  {KUID(100, 6, 0), "asset_not_local"},
@@ -74,23 +69,23 @@ TEST_F(UploadTest, OneThatMayNotGoStopsAll) {
   MakeCommitted(kAsset);
   // Each also has what is asked for behind its own reason.
   for (int i = 0; i < 5; ++i) {
-    MakeCommitted(kRows[i].kuid);
-    ZEBAssetInfo& record = *Record(kRows[i].kuid);
+    MakeCommitted(kRows[i].first);
+    ZEBAssetInfo& record = *Record(kRows[i].first);
     record.Set(AssetFlag::kBuiltIn, i == 0);
     record.Set(AssetState::kOnStation, i <= 1);
     if (i <= 2) record.SetText(AssetText::kEditPath, "editing/x");
     record.Set(AssetFlag::kHasErrors, i <= 3);
   }
   HostilePeer nobody([](PeerSocket& peer) { peer.Reset(); });
-  for (const auto& row : kRows) {
-    Upload({row.kuid, kAsset}, nobody.Port());
-    EXPECT_EQ(Said(), std::string("3 ") + row.key + " " + row.kuid.TagText() + "\n");
+  for (const auto& [kuid, key] : kRows) {
+    Upload({kuid, kAsset}, nobody.Port());
+    EXPECT_EQ(Said(), std::string("3 ") + key + " " + kuid.TagText() + "\n");
   }
   // One that can't be packaged, and the same twice.
   Write(LocalPath(kAsset) + "/notes.doc", "x");
   Upload({kAsset}, nobody.Port());
   EXPECT_NE(Said().find("3 upload_read_error Unable to add content"), std::string::npos);
-  std::filesystem::remove(At(LocalPath(kAsset) + "/notes.doc"));
+  std::filesystem::remove(Path(LocalPath(kAsset) + "/notes.doc"));
   Upload({kAsset, kAsset}, nobody.Port());
   EXPECT_NE(Said().find("is already present"), std::string::npos);
   Upload({}, nobody.Port());

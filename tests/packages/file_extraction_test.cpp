@@ -44,7 +44,7 @@ TEST_F(FileExtractionTest, GivesBackWhatWasPacked) {
     std::filesystem::remove_all(Target());
     EXPECT_EQ(Extract(files, compression), "");
     EXPECT_EQ(Tree(Target()), Tree(Source()));
-    EXPECT_EQ(ReadText(Target() + "/many/f39.txt"), big.substr(0, 39 * 39 * 100));
+    EXPECT_EQ(GetFile(Target() + "/many/f39.txt"), big.substr(0, 39 * 39 * 100));
   }
 }
 
@@ -63,8 +63,8 @@ TEST_F(FileExtractionTest, NothingLeavesTheFolderWhateverThePackageSays) {
 }
 
 TEST_F(FileExtractionTest, LinksInTheFolderAreNotFollowed) {
-  WriteText(scratch_ / "outside/kept.txt", "kept");
-  WriteText(Target() + "/Old.txt", "old");
+  PutFile(scratch_ / "outside/kept.txt", "kept");
+  PutFile(Target() + "/Old.txt", "old");
   std::filesystem::create_symlink("../outside", Target() + "/art");
   std::filesystem::create_symlink("../outside/kept.txt", Target() + "/a.txt");
   std::filesystem::create_symlink("../outside/new.txt", Target() + "/b.txt");
@@ -75,9 +75,9 @@ TEST_F(FileExtractionTest, LinksInTheFolderAreNotFollowed) {
     AddChild(files, name, name);
   EXPECT_EQ(Extract(files), kCantWrite);
   EXPECT_EQ(Tree(scratch_ / "outside"), "kept.txt");
-  EXPECT_EQ(ReadText(scratch_ / "outside/kept.txt"), "kept");
-  EXPECT_EQ(ReadText(Target() + "/a.txt") + ReadText(Target() + "/b.txt"), "a.txtb.txt");
-  EXPECT_EQ(ReadText(Target() + "/old.txt"), "old.txt");
+  EXPECT_EQ(GetFile(scratch_ / "outside/kept.txt"), "kept");
+  EXPECT_EQ(GetFile(Target() + "/a.txt") + GetFile(Target() + "/b.txt"), "a.txtb.txt");
+  EXPECT_EQ(GetFile(Target() + "/old.txt"), "old.txt");
 }
 
 TEST_F(FileExtractionTest, GoesOnBehindABadChildAndGivesTheLatestError) {
@@ -88,8 +88,8 @@ TEST_F(FileExtractionTest, GoesOnBehindABadChildAndGivesTheLatestError) {
   AddChild(files, "b.txt", std::string_view("\2\0\0\0\0x", 6));
   AddChild(files, "c.txt", std::string_view("\1\0\0\0\0y", 6));
   EXPECT_EQ(Extract(files, kLzssCompression), kDamaged);
-  EXPECT_EQ(ReadText(Target() + "/a.txt") + ReadText(Target() + "/c.txt"), "xy");
-  EXPECT_EQ(ReadText(Target() + "/b.txt"), "");
+  EXPECT_EQ(GetFile(Target() + "/a.txt") + GetFile(Target() + "/c.txt"), "xy");
+  EXPECT_EQ(GetFile(Target() + "/b.txt"), "");
   AddChild(files, "d.txt", "an int", ChunkKind::kInt);
   EXPECT_EQ(Extract(files, kLzssCompression), kUnknownData);
 }
@@ -105,7 +105,7 @@ TEST_F(FileExtractionTest, NamesThatDifferByCaseAloneAreOneFileAndTheLastWins) {
   AddChild(art2, "y.im", "2");
   EXPECT_EQ(Extract(files), "");
   EXPECT_EQ(Tree(Target()), "Art/ Art/x.im Art/y.im a.txt");
-  EXPECT_EQ(ReadText(Target() + "/a.txt"), "second");
+  EXPECT_EQ(GetFile(Target() + "/a.txt"), "second");
 
   AddFolder(files, "art.txt");
   AddChild(files, "ART.txt", "a file where a folder is");
@@ -128,13 +128,8 @@ TEST_F(FileExtractionTest, AFolderThatStandsTwiceIsReadOnce) {
 }
 
 TEST_F(FileExtractionTest, TellsDamagedAndUnknownCodings) {
-  struct Case {
-    std::string_view raw;
-    const char* compression;
-    const char* error;
-  };
   using namespace std::literals;
-  const Case cases[] = {
+  const std::tuple<std::string_view, const char*, const char*> cases[] = {
       {"plain"sv, "", ""},
       {"\0\0\0\0\0"sv, "LZSS", ""},
       {"\2\0\0\0\0ab"sv, "LZSS", ""},
@@ -147,8 +142,8 @@ TEST_F(FileExtractionTest, TellsDamagedAndUnknownCodings) {
       {"\xFF\xFF\xFF\xFF\x29\1\2\3\4\5"sv, "LZSS", kDamaged},
   };
   const std::string path = scratch_ / "out.txt";
-  for (const Case& test : cases)
-    EXPECT_EQ(WriteFile(Bytes(test.raw), test.compression, path), test.error) << test.raw;
+  for (const auto& [raw, compression, error] : cases)
+    EXPECT_EQ(WriteFile(Bytes(raw), compression, path), error) << raw;
   EXPECT_EQ(WriteFile(Bytes("x"), "", "/dev/full"), kCantWrite);
 }
 

@@ -78,8 +78,8 @@ TEST_F(FolderPackingTest, ReportsAFolderThatIsNotThere) {
 TEST_F(FolderPackingTest, LinksOutOfTheAssetAreFilesThatCannotBeRead) {
   AddSource("a.txt");
   AddSource("art/b.txt");
-  WriteText(scratch_ / "private/secret.txt", "secret");
-  WriteText(scratch_ / "source2/c.txt", "a folder whose name begins like the asset's");
+  PutFile(scratch_ / "private/secret.txt", "secret");
+  PutFile(scratch_ / "source2/c.txt", "a folder whose name begins like the asset's");
   Link("art/b.txt", "inside.txt");
   Link("art", "insideart");
   Link("../private/secret.txt", "out.txt");
@@ -125,7 +125,7 @@ TEST_F(FolderPackingTest, CopyTakesWhatAPackageWouldAndLeavesTheConfiguration) {
   AddSource("Sub/Config.txt", "a file like any other");
   ASSERT_TRUE(Copy());
   EXPECT_EQ(Tree(Target()), "mesh.im sub/ sub/config.txt");
-  EXPECT_EQ(ReadText(Target() + "/mesh.im"), "mesh");
+  EXPECT_EQ(GetFile(Target() + "/mesh.im"), "mesh");
 }
 
 TEST_F(FolderPackingTest, CopyRefusesNamesThatDifferByCaseAlone) {
@@ -137,7 +137,7 @@ TEST_F(FolderPackingTest, CopyRefusesNamesThatDifferByCaseAlone) {
   EXPECT_FALSE(Copy());
   EXPECT_EQ(Words(log_), "3 file_bad_name a.txt\n3 file_bad_name art\n3 file_bad_name .bad\n");
   EXPECT_EQ(Tree(Target()), "a.txt art/ art/x.im");
-  EXPECT_EQ(ReadText(Target() + "/a.txt"), "first");
+  EXPECT_EQ(GetFile(Target() + "/a.txt"), "first");
 
   ASSERT_FALSE(Add(""));
   EXPECT_EQ(RawBytes(files_.GetRaw(Nox::PString("a.txt"))), "first");

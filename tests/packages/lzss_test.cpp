@@ -8,7 +8,7 @@
 #include <set>
 #include <sstream>
 #include <string>
-#include <thread>
+#include <tuple>
 #include <vector>
 
 #include "packages/lzss_bit_writer.h"
@@ -203,39 +203,31 @@ TEST(Lzss, FullestGroupHasRoom) {
 
 TEST(Lzss, ChoosesFormBySizeLevelAndCapacity) {
   const Bytes a(10000, 'a');
-  struct {
-    std::size_t size;
-    int level;
-    std::size_t capacity;
-    int header;  // -1: nothing fits, the result is the size
-  } const cases[] = {
+  // Size, level, capacity and header; with a header of -1 nothing fits, and the result is the size.
+  const std::tuple<std::size_t, int, std::size_t, int> cases[] = {
       {0, 9, 0, -1},         {0, 9, 1, 0x00},       {6, 9, 7, 0x00},      {7, 9, 8, 0x06},
       {255, 9, 256, 0x06},   {256, 9, 99, 0x19},    {4096, 7, 99, 0x17},  {4097, 9, 99, 0x29},
       {256, 1, 99, 0x01},    {257, 1, 99, 0x11},    {4096, 4, 999, 0x14}, {9000, -1, 999, 0x29},
       {9000, 10, 999, 0x29}, {9000, 0, 9001, 0x00}, {9000, 9, 5, -1},     {9000, 0, 9000, -1},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::to_string(c.size) + " at " + std::to_string(c.level));
-    Bytes coded(c.capacity);
-    const std::size_t size = Nox::LzssCompressInto(coded, {a.data(), c.size}, c.level);
-    if (c.header < 0) {
-      EXPECT_EQ(size, c.size);
+  for (const auto& [count, level, capacity, header] : cases) {
+    SCOPED_TRACE(std::to_string(count) + " at " + std::to_string(level));
+    Bytes coded(capacity);
+    const std::size_t size = Nox::LzssCompressInto(coded, {a.data(), count}, level);
+    if (header < 0) {
+      EXPECT_EQ(size, count);
       continue;
     }
-    ASSERT_LE(size, c.capacity);
-    EXPECT_EQ(coded[0], c.header);
+    ASSERT_LE(size, capacity);
+    EXPECT_EQ(coded[0], header);
     // A form that just fills the capacity is kept.
-    EXPECT_EQ(Coded({a.begin(), a.begin() + static_cast<std::ptrdiff_t>(c.size)}, c.level, size)[0],
-              c.header);
+    EXPECT_EQ(Coded({a.begin(), a.begin() + static_cast<std::ptrdiff_t>(count)}, level, size)[0], header);
   }
 }
 
 TEST(Lzss, RefusesBrokenStreams) {
-  struct {
-    const char* what;
-    Bytes stream;
-    Bytes expected;  // {0xEE} for damage
-  } const cases[] = {
+  // The result is {0xEE} for damage.
+  const std::tuple<const char*, Bytes, Bytes> cases[] = {
       {"nothing", {}, {0xEE}},
       {"stored", {0x00, 1, 2}, {1, 2}},
       {"stored, too long", {0x00, 1, 2, 3, 4, 5, 6, 7, 8, 9}, {0xEE}},
@@ -258,10 +250,10 @@ TEST(Lzss, RefusesBrokenStreams) {
       {"narrow, offset cut", {0x06, 30, 0, 0, 0, 'a', 1}, {0xEE}},
       {"Huffman, no end mark", {0x29, 0, 0, 0, 0}, {0xEE}},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Decoded(c.stream, 8), c.expected) << c.what;
+  for (const auto& [what, stream, expected] : cases) {
+    EXPECT_EQ(Decoded(stream, 8), expected) << what;
     Bytes plain;
-    EXPECT_EQ(Nox::LzssDecompress(c.stream, c.expected.size(), plain), c.expected != Bytes{0xEE}) << c.what;
+    EXPECT_EQ(Nox::LzssDecompress(stream, expected.size(), plain), expected != Bytes{0xEE}) << what;
   }
 }
 
@@ -313,19 +305,6 @@ TEST(Lzss, StreamsStopWhenTheirOutputIsRefused) {
   EXPECT_FALSE(lzss.StreamDecompress(coded.data(), coded.size()));
   EXPECT_FALSE(lzss.DoneStreamDecompress());
   EXPECT_FALSE(lzss.StreamCompress(data.data(), 1));
-}
-
-TEST(Lzss, ThreadsDoNotShareAnything) {
-  const Bytes data = Structured(3, 60000);
-  std::vector<Bytes> results(4);
-  std::vector<std::thread> threads;
-  for (Bytes& result : results) {
-    threads.emplace_back([&] { result = Decoded(Coded(data, 9, data.size() + 1), data.size()); });
-  }
-  for (std::thread& thread : threads)
-    thread.join();
-  for (const Bytes& result : results)
-    EXPECT_EQ(result, data);
 }
 
 }  // namespace

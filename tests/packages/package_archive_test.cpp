@@ -95,7 +95,7 @@ TEST_F(PackageArchiveTest, ComesBackFromDiskAsItWas) {
     EXPECT_EQ(GetAssetAt(archive_, 2).GetKUID(), Id(2));
     EXPECT_TRUE(GetAssetAt(archive_, 3).IsEmpty());
   }
-  EXPECT_EQ(ReadText(scratch_ / "x.cdp"), image);
+  EXPECT_EQ(GetFile(scratch_ / "x.cdp"), image);
 }
 
 TEST_F(PackageArchiveTest, AFailedSaveLeavesNothing) {
@@ -109,11 +109,7 @@ TEST_F(PackageArchiveTest, AFailedSaveLeavesNothing) {
 TEST_F(PackageArchiveTest, FirstFaultDecidesWhyAFileIsRefused) {
   const char* newer = "This content requires a newer Morvex version";
   const char* damaged = "Content could not be read, as the CDP file is damaged";
-  struct Case {
-    const char* error;
-    std::function<void(TagContainer&)> change;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, std::function<void(TagContainer&)>> cases[] = {
       {"", [](TagContainer& a) { a.SetString(PackageTags::kKind, "ARCHIVE"); }},
       {newer, [](TagContainer& a) { a.SetInt(PackageTags::kVersion, 2); }},
       {newer, [](TagContainer& a) { a.Remove(PackageTags::kVersion); }},
@@ -125,13 +121,13 @@ TEST_F(PackageArchiveTest, FirstFaultDecidesWhyAFileIsRefused) {
       {kNotAPackage, [](TagContainer& a) { a.SetString(PackageTags::kKind, "scenery"); }},
       {kNotAPackage, [](TagContainer& a) { a.Clear(); }},
   };
-  for (const Case& test : cases) {
+  for (const auto& [error, change] : cases) {
     TagContainer archive;
     ASSERT_EQ(AddAsset(archive, Asset(1)), "");
-    test.change(archive);
+    change(archive);
     ASSERT_EQ(SaveArchive(archive, scratch_ / "x.cdp"), "");
-    EXPECT_EQ(Open("x.cdp"), test.error);
-    EXPECT_EQ(archive_.IsEmpty(), *test.error != 0);
+    EXPECT_EQ(Open("x.cdp"), error);
+    EXPECT_EQ(archive_.IsEmpty(), *error != 0);
   }
   EXPECT_EQ(Open("missing.cdp"), kNotAPackage);
 }

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,6 +13,7 @@
 #include "packages/package_tags.h"
 #include "tagdata/tag_container.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 
 namespace morvex {
 
@@ -23,17 +22,8 @@ class PackageTest : public testing::Test {
  protected:
   PackageTest() { MountTexts(texts_.path()); }
 
-  static void WriteText(const std::filesystem::path& path, std::string_view text) {
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-  }
-  static std::string ReadText(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-
   void AddSource(const std::string& name, std::string_view text = "text") {
-    WriteText(Source() + "/" + name, text);
+    PutFile(Source() + "/" + name, text);
   }
   std::string Source() const { return scratch_ / "source"; }
   std::string Target() const { return scratch_ / "target"; }
@@ -84,8 +74,8 @@ class PackageTest : public testing::Test {
     for (const char* key :
          {"file_bad_name", "file_bad_ext", "file_read_err", "folder_err", "folder_read_err"})
       texts += std::string("$zeb_package_") + key + " \"" + key + " %s\"\n";
-    WriteText(folder + "/interfacetext.txt",
-              texts + "$zeb_package_unknown_compression \"unknown_compression %s %s\"");
+    PutFile(folder + "/interfacetext.txt",
+            texts + "$zeb_package_unknown_compression \"unknown_compression %s %s\"");
     Nox::File::Subst(Nox::PString("data"), folder, true);
   }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "tests/qel/image_files.h"
 
@@ -14,26 +15,21 @@ std::optional<Bitmap> Decode(std::string_view bytes, ImageFormat format) {
 }
 
 TEST(Bitmap, ReadsItsThreeFormatsAndNothingThatIsCutShort) {
-  struct Row {
-    std::string bytes;
-    ImageFormat format;
-    std::uint32_t width;
-    std::uint32_t channels;
-    std::size_t spare;  // bytes at the end that no pixel needs
-  };
-  const Row rows[] = {{TgaImage(4, 8), ImageFormat::kTga, 4, 3, 0},
-                      {BmpImage(16, 8), ImageFormat::kBmp, 16, 3, 0},
-                      {JpegImage(), ImageFormat::kJpeg, 8, 1, 2}};
-  for (const Row& row : rows) {
-    const auto image = Decode(row.bytes, row.format);
-    ASSERT_TRUE(image) << row.width;
-    EXPECT_EQ(image->Width(), row.width);
+  // Last the number of bytes at the end that no pixel needs.
+  const std::tuple<std::string, ImageFormat, std::uint32_t, std::uint32_t, std::size_t> rows[] = {
+      {TgaImage(4, 8), ImageFormat::kTga, 4, 3, 0},
+      {BmpImage(16, 8), ImageFormat::kBmp, 16, 3, 0},
+      {JpegImage(), ImageFormat::kJpeg, 8, 1, 2}};
+  for (const auto& [bytes, format, width, channels, spare] : rows) {
+    const auto image = Decode(bytes, format);
+    ASSERT_TRUE(image) << width;
+    EXPECT_EQ(image->Width(), width);
     EXPECT_EQ(image->Height(), 8u);
-    EXPECT_EQ(image->Channels(), row.channels);
-    EXPECT_EQ(image->Pixels().size(), row.width * 8 * row.channels);
-    for (std::size_t size = 0; size + row.spare < row.bytes.size(); ++size) {
-      const std::string cut(row.bytes, 0, size);  // a buffer of its own, so that a read past its end shows
-      EXPECT_FALSE(Decode(cut, row.format)) << row.width << " cut at " << size;
+    EXPECT_EQ(image->Channels(), channels);
+    EXPECT_EQ(image->Pixels().size(), width * 8 * channels);
+    for (std::size_t size = 0; size + spare < bytes.size(); ++size) {
+      const std::string cut(bytes, 0, size);  // a buffer of its own, so that a read past its end shows
+      EXPECT_FALSE(Decode(cut, format)) << width << " cut at " << size;
     }
   }
 }

@@ -47,10 +47,7 @@ TagContainer Read(std::string text) {
 constexpr std::string_view kBuild = "morvex-build 2.7f";
 constexpr std::string_view kCategories = "category-era '1800s' category-class 'ZX' category-region '00'";
 
-struct Row {
-  const char* config;
-  const char* upgraded;
-};
+using Row = std::pair<const char*, const char*>;  // a configuration, and what it becomes
 
 class LegacyUpgradeTest : public QelTest {
  protected:
@@ -75,9 +72,8 @@ class LegacyUpgradeTest : public QelTest {
   }
   void Check(const char* kind, const std::vector<Row>& rows) {
     const std::string head = "kind '" + std::string(kind) + "'";
-    for (const Row& row : rows)
-      EXPECT_EQ(Upgrade(head + "|" + row.config), head + (*row.upgraded ? " " : "") + row.upgraded)
-          << row.config;
+    for (const auto& [config, upgraded] : rows)
+      EXPECT_EQ(Upgrade(head + "|" + config), head + (*upgraded ? " " : "") + upgraded) << config;
   }
 };
 
@@ -236,23 +232,6 @@ TEST_F(LegacyUpgradeTest, InteriorsGetAMeshTableAndCameras) {
          {"camera 1,2,3,4|cameralist { camera0 'x' }|mesh-table { a { } }|mesh 'cab.im'|mesh {|}",
           "cameralist {camera0 'x' camera1 1,2,3,4,0,0f} mesh-table {a {}} mesh {} cameradefault 0"},
          {"camera 'front'", "camera 'front' cameradefault 0"}});
-}
-
-TEST_F(LegacyUpgradeTest, CountsAttachmentsUpToTheFirstGap) {
-  WriteMeshes({{"a.im", {"a.x1", "a.x0", "a.x3"}}});
-  EXPECT_EQ(CountAttachments("a.im", "a.x%d"), 2u);
-  EXPECT_EQ(CountAttachments("a.im", "a.y%d"), 0u);
-  EXPECT_EQ(CountAttachments("b.im", "a.x%d"), 0u);
-}
-
-TEST_F(LegacyUpgradeTest, ManyBogeysAreFoundInOneGo) {
-  std::string config = "kind 'traincar'|";
-  for (int i = 0; i < 10000; ++i)
-    config += "bogey-" + std::to_string(i) + " <kuid:1:2>|";
-  TagContainer read = Read(config);
-  UpgradeLegacyConfig(read);
-  EXPECT_EQ(read.GetContainer(Nox::PString("bogeys")).GetCount(), 10000u);
-  EXPECT_EQ(read.GetCount(), 6u);
 }
 
 // Only what is older than build 2.5 is rewritten, and it is judged as what it has become.

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,6 +16,7 @@
 #include "tagdata/text_config.h"
 #include "tests/mesh/mesh_builder.h"
 #include "tests/scratch_folder.h"
+#include "tests/test_files.h"
 #include "validation/qel/container.h"
 #include "validation/qel/data_manager.h"
 #include "validation/qel/error_handler.h"
@@ -71,10 +69,7 @@ class QelTest : public testing::Test {
   }
   DataManager& Manager() { return *DataManager::Get(); }
 
-  void Write(const std::string& path, const std::string& content) const {
-    std::filesystem::create_directories(std::filesystem::path(root_ / path).parent_path());
-    std::ofstream(root_ / path, std::ios::binary) << content;
-  }
+  void Write(const std::string& path, const std::string& content) const { PutFile(root_ / path, content); }
   // Meshes of the asset, with their attachment points.
   void WriteMeshes(const std::map<std::string, std::vector<std::string>>& meshes) const {
     for (const auto& [path, attachments] : meshes)

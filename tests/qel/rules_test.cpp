@@ -21,12 +21,7 @@ TEST_F(RulesTest, NumbersAndSiblings) {
       " } }\nsnapmode { kind \"value\" type \"int\" }\ntype { kind \"value\" type \"string\" }\n"
       "a { kind \"value\" type \"int\" }\nb { kind \"value\" type \"int\" }\n"
       "collate-meshes { kind \"value\" type \"bool\" }";
-  struct Row {
-    const char* rule;
-    const char* config;
-    const char* verdict;
-  };
-  const Row rows[] = {
+  const char* const rows[][3] = {
       {"range { min \"0\" max \"10\" }", "t \"0\"", "good"},
       {"range { min \"0\" max \"10\" }", "t \"10\"", "good"},
       {"range { min \"0\" max \"10\" }", "t \"0, 10\"", "good"},
@@ -51,18 +46,12 @@ TEST_F(RulesTest, NumbersAndSiblings) {
       {"notownparent { }", "t 0", "good"},
       {"mustbeinlightcontainer { }", "t 0", "bad\nerror 163"},
   };
-  for (const Row& row : rows)
-    EXPECT_EQ(JudgeTag(kFloat + row.rule + kOthers, row.config), row.verdict) << row.rule << "\n"
-                                                                              << row.config;
+  for (const auto& [rule, config, verdict] : rows)
+    EXPECT_EQ(JudgeTag(kFloat + rule + kOthers, config), verdict) << rule << "\n" << config;
 }
 
 TEST_F(RulesTest, TypesOfTags) {
-  struct Row {
-    const char* type;
-    const char* config;
-    const char* verdict;
-  };
-  const Row rows[] = {
+  const char* const rows[][3] = {
       {"type \"string\"", "t \"x\"", "good"},
       {"type \"string\" compulsory \"1\"", "", "bad\nwarning 114 t\nerror 103 t thing"},
       {"type \"string\" compulsory \"1\" default \"d\"", "", "good\nwarning 114 t"},
@@ -76,6 +65,7 @@ TEST_F(RulesTest, TypesOfTags) {
        "good"},  // its record goes with the passing stage
       {"type \"filepath\" compulsory \"1\"", "", "bad\nwarning 114 t\nerror 96 t thing"},
       {"type \"kuid\"", "t <kuid:1:2>", "good"},
+      {"type \"stringkuid\"", "t <kuid:1:2>", "good"},
       {"type \"kuidbrowser\" category \"TX\"", "t <kuid:1:2>", "good"},
       {"type \"bool\"", "t 1", "good"},
       {"type \"vector3\"", "t 1,2,3", "good"},
@@ -86,10 +76,9 @@ TEST_F(RulesTest, TypesOfTags) {
       {"type \"int\"", "morvex-build 2.5\n! \"note\"", "bad\nerror 107 ! thing"},
   };
   WriteMeshes({{"a/b.im", {}}});
-  for (const Row& row : rows) {
-    EXPECT_EQ(JudgeTag("t { kind \"value\" " + std::string(row.type) + " }", row.config), row.verdict)
-        << row.type << "\n"
-        << row.config;
+  for (const auto& [type, config, verdict] : rows) {
+    EXPECT_EQ(JudgeTag("t { kind \"value\" " + std::string(type) + " }", config), verdict) << type << "\n"
+                                                                                           << config;
   }
 }
 
@@ -98,12 +87,7 @@ TEST_F(RulesTest, FilesOfTheWrongTypeAreToldOnlyBesideAnotherError) {
       "t { kind \"value\" type \"filepath\" datatype \"%\" }\nmust { kind \"value\" type \"string\" "
       "compulsory \"1\" }";
   const std::string lead = "bad\nwarning 114 must";
-  struct Row {
-    const char* datatype;
-    const char* value;
-    const char* record;
-  };
-  const Row rows[] = {
+  const char* const rows[][3] = {
       {"meshes", "a.tga", "\nerror 95 t thing"},
       {"image", "a.png", "\nerror 94 t thing"},
       {"image", "a.texture", ""},
@@ -114,11 +98,11 @@ TEST_F(RulesTest, FilesOfTheWrongTypeAreToldOnlyBesideAnotherError) {
   WriteMeshes({{"a.im", {}}});
   Write("local/asset/good.kin", mesh_builder::Kin({}));
   Write("local/asset/bad.kin", "JIRF");
-  for (const Row& row : rows) {
+  for (const auto& [datatype, value, record] : rows) {
     std::string own = entry;
-    own.replace(own.find('%'), 1, row.datatype);
-    const std::string verdict = JudgeTag(own, "t \"" + std::string(row.value) + "\"");
-    EXPECT_EQ(verdict, lead + row.record + "\nerror 103 must thing") << row.value;
+    own.replace(own.find('%'), 1, datatype);
+    const std::string verdict = JudgeTag(own, "t \"" + std::string(value) + "\"");
+    EXPECT_EQ(verdict, lead + record + "\nerror 103 must thing") << value;
   }
   EXPECT_EQ(JudgeTag("t { kind \"value\" type \"filepath\" datatype \"animation\" }", "t \"bad.kin\""),
             "bad\nerror 88 bad.kin");

@@ -9,11 +9,8 @@ namespace {
 using TextureFilesTest = QelTest;
 
 TEST_F(TextureFilesTest, ImagesAreThereAndFit) {
-  struct Row {
-    const char* text;      // of a.texture.txt
-    const char* findings;  // entry and file, "!" for a false result
-  };
-  const Row rows[] = {
+  // The text of a.texture.txt; entries and files of what is found, with "!" for a false result.
+  const char* const rows[][2] = {
       {"", ""},
       {"Tile=st\nprimary=none.tga\n", ""},
       {"Primary=Good.TGA\r\nAlpha=good.bmp\r\n", ""},
@@ -37,9 +34,9 @@ TEST_F(TextureFilesTest, ImagesAreThereAndFit) {
   Write(folder + "odd.bmp", BmpImage(100, 128));
   Write(folder + "broken.tga", TgaImage(8, 8).substr(0, 100));
   Write(folder + "picture.png", "png");
-  for (const Row& row : rows) {
-    Write(folder + "a.texture.txt", row.text);
-    const bool namesTexture = std::string_view(row.text).find("texture") != std::string_view::npos;
+  for (const auto& [text, expected] : rows) {
+    Write(folder + "a.texture.txt", text);
+    const bool namesTexture = std::string_view(text).find("texture") != std::string_view::npos;
     if (namesTexture) Write(folder + "other.texture.txt", "Primary=good.tga\n");
     ErrorHandler::Get()->Clear();
     std::string findings = CheckTextureFiles({{}, root_ / "local/asset"}) ? "" : "!";
@@ -47,7 +44,7 @@ TEST_F(TextureFilesTest, ImagesAreThereAndFit) {
       const std::string path = record.text.substr(4, record.text.find(" %s") - 4);
       findings += " " + record.text.substr(0, 4) + std::filesystem::path(path).filename().string();
     }
-    EXPECT_EQ(findings, row.findings) << row.text;
+    EXPECT_EQ(findings, expected) << text;
     std::filesystem::remove(root_ / (folder + "other.texture.txt"));
   }
 }

@@ -22,16 +22,6 @@ TEST_F(ValidateAssetTest, TakesTheTextBeforeTheBinaryForm) {
   EXPECT_EQ(Manager().ConfigName(), "config.txt");
 }
 
-TEST_F(ValidateAssetTest, JudgesAnAssetInAPack) {
-  Write("pack/asset/config.txt", "kind \"thing\"\n");
-  Write("pack/asset/a.texture.txt", "Primary=a.tga\n");
-  morvex::ResultsLog log;
-  EXPECT_FALSE(ValidateAsset("asset", "pack", log));
-  EXPECT_EQ(log.ErrorCount(), 1u);
-  Write("pack/asset/a.texture.txt", "");
-  EXPECT_TRUE(ValidateAsset("asset", "pack", log)) << "errors that the log held already don't count";
-}
-
 TEST_F(ValidateAssetTest, TextsOfTheAssetAreNoFormats) {
   EXPECT_EQ(Judge("kind \"thing\"\n%s%n%d \"x\"\n"), "bad\nerror 107 %s%n%d thing");
 }

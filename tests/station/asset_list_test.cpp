@@ -1,6 +1,7 @@
 #include "net/station/asset_list.h"
 
 #include <set>
+#include <tuple>
 
 #include "net/station/gzip_lines.h"
 #include "tests/station/station_fixture.h"
@@ -9,13 +10,8 @@ namespace morvex {
 namespace {
 
 TEST(AssetListLine, IsFieldsBetweenSingleBlanks) {
-  const struct {
-    const char* line;
-    const char* kuid;  // empty: refused
-    const char* kind;
-    float build;
-    const char* name;
-  } kRows[] = {
+  // A line without a KUID is refused.
+  const std::tuple<const char*, const char*, const char*, float, const char*> kRows[] = {
       {"<kuid2:1:2:3> scenery 2.9 Water crane", "<kuid2:1:2:3>", "scenery", 2.9F, "Water crane"},
       {"<KUID:-1:2> map 0 ", "<kuid:-1:2>", "map", 0, ""},
       {"<kuid:1:2>  2.4 No kind", "<kuid:1:2>", "", 2.4F, "No kind"},
@@ -29,14 +25,14 @@ TEST(AssetListLine, IsFieldsBetweenSingleBlanks) {
       {" <kuid:1:2> x 1 n", "", "", 0, ""},
       {"", "", "", 0, ""},
   };
-  for (const auto& row : kRows) {
-    const auto line = ParseAssetListLine(row.line);
-    ASSERT_EQ(line.has_value(), *row.kuid != 0) << row.line;
+  for (const auto& [text, kuid, kind, build, name] : kRows) {
+    const auto line = ParseAssetListLine(text);
+    ASSERT_EQ(line.has_value(), *kuid != 0) << text;
     if (!line) continue;
-    EXPECT_EQ(line->kuid.TagText(), row.kuid);
-    EXPECT_EQ(line->kind, row.kind) << row.line;
-    EXPECT_EQ(line->build, row.build) << row.line;
-    EXPECT_EQ(line->name, row.name) << row.line;
+    EXPECT_EQ(line->kuid.TagText(), kuid);
+    EXPECT_EQ(line->kind, kind) << text;
+    EXPECT_EQ(line->build, build) << text;
+    EXPECT_EQ(line->name, name) << text;
   }
 }
 

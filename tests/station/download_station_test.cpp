@@ -1,7 +1,6 @@
 #include "net/station/download_station.h"
 
 #include <chrono>
-#include <memory>
 #include <optional>
 #include <thread>
 
@@ -22,7 +21,7 @@ class DownloadStationTest : public StationTest {
   void Connect() {
     client_.reset();
     downloads_.reset();
-    downloads_.emplace(root_ / "cache/internet");
+    downloads_.emplace(Path("cache/internet"));
     DownloadSettings settings;
     settings.webServer = {"localhost", server_.Port()};
     settings.username = "me";
@@ -150,17 +149,6 @@ TEST_F(DownloadStationTest, FetchesNamesOfAuthors) {
   const std::string before = server_.Requests();
   EXPECT_EQ(Run(1), "");
   EXPECT_EQ(server_.Requests(), before) << "nobody is asked for twice";
-}
-
-TEST_F(DownloadStationTest, DescribesAssets) {
-  server_.SetAnswerTo("asset_description.php", "<kuid2:1:2:3>", "A crane");
-  const DownloadHandle task =
-      downloads_->RequestDownload(DescriptionUrl(downloads_->Settings().webServer, KUID(1, 2, 3)));
-  ASSERT_TRUE(task->WaitUntilFinished(std::chrono::seconds(30)));
-  std::string path;
-  Nox::PString name;
-  ASSERT_TRUE(task->GetResult(path, name)) << task->GetFailureText();
-  EXPECT_EQ(GetText(path), "A crane");
 }
 
 TEST_F(DownloadStationTest, WaitsForNobody) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "net/station/service_urls.h"
 #include "tests/net/server_process.h"
@@ -36,11 +37,7 @@ TEST_F(StationAnswersTest, SearchNamesLists) {
 }
 
 TEST_F(StationAnswersTest, TicketsOfFirstClassCount) {
-  const struct {
-    const char* tickets;
-    float active;
-    float suspended;
-  } kRows[] = {
+  const std::tuple<const char*, float, float> kRows[] = {
       {"", 0, 0},
       {"0 {; type FCT; rem 2.5; }", 2.5F, 0},
       {"0 {; type fct; rem 3; }; 1 {; type FCT; rem 7; }; 2 {; type XYZ; rem 9; }", 7, 0},
@@ -48,10 +45,10 @@ TEST_F(StationAnswersTest, TicketsOfFirstClassCount) {
       {"0 {; type FCT; rem -4; }; 1 {; type FCT; suspended 1; rem 1; }", 0, 1},
       {"0 {; rem 5; }; 1 FCT", 0, 0},
   };
-  for (const auto& row : kRows) {
-    const TicketAnswer answer = ReadTicketAnswer(File("tickets {; " + std::string(row.tickets) + "; }"));
-    EXPECT_EQ(answer.activeDays, row.active) << row.tickets;
-    EXPECT_EQ(answer.suspendedDays, row.suspended) << row.tickets;
+  for (const auto& [tickets, active, suspended] : kRows) {
+    const TicketAnswer answer = ReadTicketAnswer(File("tickets {; " + std::string(tickets) + "; }"));
+    EXPECT_EQ(answer.activeDays, active) << tickets;
+    EXPECT_EQ(answer.suspendedDays, suspended) << tickets;
   }
   EXPECT_EQ(ReadTicketAnswer(File("error \"no such user\"")).error, "no such user");
 }

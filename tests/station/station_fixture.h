@@ -5,12 +5,8 @@
 
 #include <string>
 
-#include "database/catalogue/asset_cache.h"
-#include "database/catalogue/asset_lock.h"
-#include "database/catalogue/database.h"
-#include "database/catalogue/folder_setup.h"
+#include "tests/catalogue/installation.h"
 #include "tests/net/server_process.h"
-#include "tests/scratch_folder.h"
 
 namespace morvex {
 
@@ -25,26 +21,16 @@ inline std::string Gzip(const std::string& text) {
 }
 
 // A fresh installation with a running database.
-class StationTest : public testing::Test {
+class StationTest : public testing::Test, protected test::Installation {
  protected:
   StationTest() { Start(); }
-  ~StationTest() override { Stop(); }
 
-  void Start() {
-    ZEBPrepareFolders(root_.path());
-    ZEBInit({.root = root_.path()});
-    const ZEBAssetLock loaded(true);
-  }
-  void Stop() {
-    ZEBShutdown();
-    ZEBReleaseFolders();
-  }
   ZEBAssetCache& Cache() { return ZEBAssetCache::Instance(); }
   DownloadStationState& State() { return Cache().station; }
   // A file of the test; its path.
   std::string File(const std::string& content, const std::string& name = "answer") {
-    PutText(root_ / name, content);
-    return root_ / name;
+    Write(name, content);
+    return Path(name);
   }
   // "name|class|build|D" of a record; empty if there is none.
   std::string Shown(const KUID& kuid) {
@@ -54,8 +40,6 @@ class StationTest : public testing::Test {
     return std::string(record->DisplayName()) + "|" + std::string(record->CategoryClass()) + "|" + build +
            (record->Has(AssetState::kOnStation) ? "|D" : "|");
   }
-
-  const ScratchFolder root_;
 };
 
 }  // namespace morvex

@@ -13,19 +13,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// An installation in <folder>/root with something precious beside it.
+// An installation in <folder>/install with something precious beside it.
 class DiskTest : public testing::Test {
  protected:
   DiskTest() {
-    for (const char* name : {"/root/local/asset", "/root/editing", "/rootless", "/precious"})
+    for (const char* name : {"/install/local/asset", "/install/editing", "/installed", "/precious"})
       fs::create_directories(folder_.path() + name);
-    for (const char* name : {"/root/local/asset/config.txt", "/rootless/file", "/precious/file"})
+    for (const char* name : {"/install/local/asset/config.txt", "/installed/file", "/precious/file"})
       std::ofstream(folder_.path() + name) << "text";
     SetRootPath(Root());
   }
   ~DiskTest() override { SetRootPath(""); }
 
-  std::string Root() const { return folder_ / "root"; }
+  std::string Root() const { return folder_ / "install"; }
 
   const ScratchFolder folder_;
   const Nox::PString none_;
@@ -38,12 +38,12 @@ TEST_F(DiskTest, DeletesBelowTheRootOnly) {
       Root() + "/",
       Root() + "/local/../../precious",
       Root() + "/../precious/file",
-      Root() + "/../rootless",
+      Root() + "/../installed",
       Root() + "/local/link/file",
       Root() + "/LOCAL/Link/file",
       Root() + "/local/link/../precious",
       folder_ / "precious/file",
-      folder_ / "rootless/file",
+      folder_ / "installed/file",
       "local/asset",
       "c:\\precious",
       "",
@@ -53,7 +53,7 @@ TEST_F(DiskTest, DeletesBelowTheRootOnly) {
   for (const char* path : {"../precious", "asset/../../../precious/file", "link/file", "missing"})
     EXPECT_FALSE(DiskDelete(Nox::PString("local"), path)) << path;
   EXPECT_TRUE(fs::exists(folder_ / "precious/file"));
-  EXPECT_TRUE(fs::exists(folder_ / "rootless/file"));
+  EXPECT_TRUE(fs::exists(folder_ / "installed/file"));
   EXPECT_TRUE(fs::exists(Root() + "/local/asset/config.txt"));
 
   EXPECT_TRUE(DiskDelete(none_, Root() + "/local/link")) << "the link itself";

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tagdata/property_asset_id.h"
 #include "tagdata/property_ptr.h"
 #include "tagdata/value_properties.h"
@@ -36,20 +38,15 @@ TEST(Property, ValuesComeBackAsText) {
   flags.GetValue(before);
   EXPECT_EQ(before, "false");
 
-  struct Case {
-    const MorvexPropertyPtr& property;
-    const char* text;
-    const char* back;
-  };
-  const Case cases[] = {
+  const std::tuple<const MorvexPropertyPtr&, const char*, const char*> cases[] = {
       {floats, "1.50x", "1.5"}, {floats, nullptr, "0"},        {integers, "-12", "-12"},
       {integers, nullptr, "0"}, {bytes, "300", "44"},          {bools, "True", "true"},
       {bools, "yes", "false"},  {bools, "T", "true"},          {flags, "1", "true"},
       {ids, "abcde", "abcd"},   {ids, "ab", "ab  "},           {strings, "x y", "x y"},
       {strings, nullptr, ""},   {assets, "1:2", "<kuid:1:2>"}, {assets, nullptr, "<NULL>"},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(SetAndGet(c.property, c.text), c.back);
+  for (const auto& [property, text, back] : cases)
+    EXPECT_EQ(SetAndGet(property, text), back);
   EXPECT_EQ(word, 6u);
   EXPECT_EQ(id, 0x61622020u);
 }

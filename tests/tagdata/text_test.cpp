@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tagdata/code_page.h"
 #include "tagdata/text_match.h"
 
@@ -34,26 +36,18 @@ TEST(CodePage, ConvertsInPlaceOrSaysWhatItNeeds) {
 
 TEST(TextMatch, FoldsLettersAndControls) {
   EXPECT_TRUE(CompareNoCase("Config\n\x01", "cONFIG\t\x02"));
-  EXPECT_FALSE(CompareNoCase("a", "ab"));
-  EXPECT_FALSE(CompareNoCase("[", "{"));
-  EXPECT_FALSE(CompareNoCase("\xC9", "\xE9"));
+  EXPECT_FALSE(CompareNoCase("a", "ab") || CompareNoCase("[", "{") || CompareNoCase("\xC9", "\xE9"));
 }
 
 TEST(TextMatch, MatchesPatterns) {
-  struct Case {
-    const char* text;
-    const char* pattern;
-    bool whole;
-    bool prefix;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, const char*, bool, bool> cases[] = {
       {"Engine", "eNG?nE", true, true}, {"engine2", "engine", false, true},
       {"eng", "eng?", false, false},    {"", "", true, true},
       {"x", "", false, true},           {"[", "{", false, false},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(MatchPattern(c.text, c.pattern, false), c.whole) << c.text;
-    EXPECT_EQ(MatchPattern(c.text, c.pattern, true), c.prefix) << c.text;
+  for (const auto& [text, pattern, whole, prefix] : cases) {
+    EXPECT_EQ(MatchPattern(text, pattern, false), whole) << text;
+    EXPECT_EQ(MatchPattern(text, pattern, true), prefix) << text;
   }
   EXPECT_TRUE(comptagstr("KIND x", 4, "kind"));
   EXPECT_FALSE(comptagstr("KIND x", 4, "kin"));

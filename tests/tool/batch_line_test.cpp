@@ -13,9 +13,7 @@ std::string Split(const std::string& line) {
 }
 
 TEST(BatchLine, SplitsAtBlanksAndQuotes) {
-  const struct {
-    std::string line, arguments;
-  } rows[] = {
+  const std::string rows[][2] = {
       {"status \"<kuid:1 2>\"\r\n", "[status][<kuid:1 2>]"},
       {"status <kuid:1:2>\n", "[status][<kuid:1:2>]"},
       {"  a  b", "[][a][][b]"},
@@ -24,15 +22,8 @@ TEST(BatchLine, SplitsAtBlanksAndQuotes) {
       {"echo x\rversion\n", "[echo][x]"},
       {std::string("a b\0c", 5), "[a][b]"},
   };
-  for (const auto& row : rows)
-    EXPECT_EQ(Split(row.line), row.arguments) << row.line;
-}
-
-TEST(BatchLine, OnlyALineEndIsIdle) {
-  EXPECT_TRUE(IsIdleLine(SplitBatchLine("\n")));
-  EXPECT_TRUE(IsIdleLine(SplitBatchLine("\r\n")));
-  EXPECT_FALSE(IsIdleLine(SplitBatchLine("\"open")));
-  EXPECT_FALSE(IsIdleLine(SplitBatchLine("version \n")));
+  for (const auto& [line, arguments] : rows)
+    EXPECT_EQ(Split(line), arguments) << line;
 }
 
 }  // namespace

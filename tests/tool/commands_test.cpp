@@ -2,74 +2,70 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/tool/tool_run.h"
 
 namespace {
 
-struct Expected {
-  std::vector<std::string> arguments;
-  int code;
-  std::string out;
-  std::string err;
-};
+// The words of a line, each behind a blank; the last may be empty.
+std::vector<std::string> Words(std::string_view line) {
+  std::vector<std::string> words;
+  for (size_t start = 0, end = 0; end != line.npos; start = end + 1) {
+    end = line.find(' ', start);
+    words.emplace_back(line.substr(start, end - start));
+  }
+  return words;
+}
 
 TEST(Commands, RefuseWhatTheyCannotUse) {
   const Installation place;
   WriteFile(place / "bin/notes.txt", "");
   const std::string unknown = "-The specified kuid does not exist in the database\n\n";
   const std::string nothing = "OK (0 Errors, 0 Warnings)\n";
-  const Expected rows[] = {
-      {{"VERSION"}, 0, "Build 3323\n", ""},
-      {{"version", "norender"}, 0, "Build 3323\n", ""},
-      {{"echo", "a", "b", "c"}, 0, "bc", ""},
-      {{"echo", "a"}, 0, "", ""},
-      {{"frobnicate"},
-       255,
-       "",
-       "-Invalid argument, please check the help for the list of valid argument\n\n"},
-      {{"installcdp"}, 255, "", "-Please specify a .CDP file\n"},
-      {{"installfrompath", ""}, 255, "", "-Please specify a path\n"},
-      {{"installfrompath", "/no/such/place"}, 255, "", "-The path you specified does not exist\n"},
-      {{"edit"}, 255, "", "-Please specify an asset to edit\n"},
-      {{"edit", "<kuid:1:2>"}, 255, nothing, unknown},
-      {{"printconfig"}, 255, "", "-Please specify an asset to edit\n"},
-      {{"printconfig", "nonsense"}, 255, "", unknown},
-      {{"commit"}, 255, "", "-Please specify an asset to commit\n"},
-      {{"commit", "<kuid:1:2>"}, 255, nothing, ""},
-      {{"revert"}, 255, "", "-Please specify an asset to revert\n"},
-      {{"revert", "<kuid:1:2>"}, 255, "", ""},
-      {{"delete"}, 255, "", "-Please specify an asset to delete\n"},
-      {{"delete", "<kuid:1:2>"}, 255, "", ""},
-      {{"status"}, 255, "", "please specify an asset to obtain the status from\n"},
-      {{"status", "<KUID:1:2>"}, 255, "", "-Could not retrieve the asset for for the kuid: <kuid:1:2>\n"},
-      {{"authors"}, 0, "", ""},
-      {{"searchbycategory", "-A"}, 255, "", "-You must enter a category to search for\n"},
-      {{"searchbycategory", "loc"},
-       255,
-       "",
+  const std::tuple<const char*, int, std::string, std::string> rows[] = {
+      {"VERSION", 0, "Build 3323\n", ""},
+      {"version norender", 0, "Build 3323\n", ""},
+      {"echo a b c", 0, "bc", ""},
+      {"echo a", 0, "", ""},
+      {"frobnicate", 255, "", "-Invalid argument, please check the help for the list of valid argument\n\n"},
+      {"installcdp", 255, "", "-Please specify a .CDP file\n"},
+      {"installfrompath ", 255, "", "-Please specify a path\n"},
+      {"installfrompath /no/such/place", 255, "", "-The path you specified does not exist\n"},
+      {"edit", 255, "", "-Please specify an asset to edit\n"},
+      {"edit <kuid:1:2>", 255, nothing, unknown},
+      {"printconfig", 255, "", "-Please specify an asset to edit\n"},
+      {"printconfig nonsense", 255, "", unknown},
+      {"commit", 255, "", "-Please specify an asset to commit\n"},
+      {"commit <kuid:1:2>", 255, nothing, ""},
+      {"revert", 255, "", "-Please specify an asset to revert\n"},
+      {"revert <kuid:1:2>", 255, "", ""},
+      {"delete", 255, "", "-Please specify an asset to delete\n"},
+      {"delete <kuid:1:2>", 255, "", ""},
+      {"status", 255, "", "please specify an asset to obtain the status from\n"},
+      {"status <KUID:1:2>", 255, "", "-Could not retrieve the asset for for the kuid: <kuid:1:2>\n"},
+      {"authors", 0, "", ""},
+      {"searchbycategory -A", 255, "", "-You must enter a category to search for\n"},
+      {"searchbycategory loc", 255, "",
        "-The category entered is either not valid or there's no asset that meets those criteria\n"},
-      {{"createcdp"}, 255, "", "- please specify a filepath to where you want to create your cdp\n"},
-      {{"createcdp", "out.txt", "nonsense"}, 255, "", "- the output filename has to be a .cdp\n"},
-      {{"createcdp", "out.cdp", "nonsense"}, 255, nothing, "- you have entered a wrong KUID\n"},
-      {{"createcdp", "out.cdp", "<KUID:1:2>"}, 255, "", "- the asset: <KUID:1:2> was not found localy\n"},
-      {{"createcdp", "no/such/folder.cdp"},
-       255,
-       nothing,
+      {"createcdp", 255, "", "- please specify a filepath to where you want to create your cdp\n"},
+      {"createcdp out.txt nonsense", 255, "", "- the output filename has to be a .cdp\n"},
+      {"createcdp out.cdp nonsense", 255, nothing, "- you have entered a wrong KUID\n"},
+      {"createcdp out.cdp <KUID:1:2>", 255, "", "- the asset: <KUID:1:2> was not found localy\n"},
+      {"createcdp no/such/folder.cdp", 255, nothing,
        "Unable to write archive file. Needs to be .cdp file extension\n"},
-      {{"importkeywords"}, 255, "", ""},
-      {{"backupkeywords", "other.name"}, 0, "", ""},
-      {{"ff2000"}, 0, "", ""},
-      {{"@missing.txt"},
-       255,
-       "",
+      {"importkeywords", 255, "", ""},
+      {"backupkeywords other.name", 0, "", ""},
+      {"ff2000", 0, "", ""},
+      {"@missing.txt", 255, "",
        "-The file \"missing.txt\" does not exist, please specify a valid filename\n"},
-      {{"@notes.txt"}, 0, "", ""},
+      {"@notes.txt", 0, "", ""},
   };
-  for (const Expected& row : rows) {
-    const ToolResult result = place.Run(row.arguments);
-    EXPECT_EQ(result.code, row.code) << row.arguments[0];
-    EXPECT_EQ(result.out, row.out) << row.arguments[0];
-    EXPECT_EQ(result.err, row.err) << row.arguments[0];
+  for (const auto& [line, code, out, err] : rows) {
+    const ToolResult result = place.Run(Words(line));
+    EXPECT_EQ(result.code, code) << line;
+    EXPECT_EQ(result.out, out) << line;
+    EXPECT_EQ(result.err, err) << line;
   }
   EXPECT_FALSE(Exists(place / "bin/out.cdp"));
   EXPECT_TRUE(Exists(place / "KeywordsDump.dat"));

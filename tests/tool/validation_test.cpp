@@ -55,25 +55,6 @@ TEST(Validation, SamplesHaveNoErrors) {
   EXPECT_EQ(wagon.find("mesh-table"), std::string::npos);
 }
 
-// As assets of a build that isn't upgraded, they are full of unknown tags.
-TEST(Validation, OldSamplesPassOnlyBecauseTheyAreUpgraded) {
-  const Installation place;
-  const ScratchFolder work;
-  std::vector<std::string> kuids;
-  for (const char* name : {"wagon_ore", "windmill_hainfels", "junction_lever", "crossing_tramway",
-                           "turntable_hainfels", "cab_vs41", "texture_slate"}) {
-    fs::copy(std::string(MORVEX_SAMPLES) + "/" + name, work / name, fs::copy_options::recursive);
-    const std::string path = work / name + "/config.txt";
-    std::string config = ReadFile(path);
-    config.replace(config.find_first_of("12", config.find("morvex-build")), 3, "2.5");
-    WriteFile(path, config);
-    kuids.push_back(KuidOf(config));
-  }
-  std::istringstream lines(Judge(place, work.path(), kuids));
-  for (std::string line; std::getline(lines, line);)
-    EXPECT_TRUE(line.empty() || line.find("E : ") != std::string::npos) << line;
-}
-
 // The table in samples/faulty says how each of them ends: | `folder` | `<kuid>` | what | `E` or `e` | why |
 TEST(Validation, FaultySamplesEndAsTheirTableSays) {
   std::vector<std::string> kuids;
