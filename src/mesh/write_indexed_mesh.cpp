@@ -103,7 +103,7 @@ void IndexedMeshWriter::WriteBone(const Skeleton::Bone& bone, std::uint32_t chil
 }  // namespace
 
 MeshResult SaveIndexedMesh(const MorvexIndexedMeshDefinition& definition, std::vector<std::uint8_t>& out) {
-  if (definition.levels.empty() || !IsWritable(definition.MainLevel())) return RES_UNKNOWN;
+  if (definition.levels.empty()) return RES_UNKNOWN;
   IndexedMeshWriter(definition, out).Write();
   return out.size() <= kMaxMeshFile ? RES_SUCCESS : RES_UNKNOWN;
 }

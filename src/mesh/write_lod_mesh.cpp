@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -149,10 +148,7 @@ void LodMeshWriter::WritePart(std::size_t number, const MeshPart& part) {
 }  // namespace
 
 MeshResult SaveLodMesh(const MorvexIndexedMeshLODDefinition& definition, std::vector<std::uint8_t>& out) {
-  const auto& levels = definition.levels;
-  const bool isWritable =
-      std::all_of(levels.begin(), levels.end(), [](const auto& level) { return IsWritable(*level); });
-  if (levels.empty() || !isWritable) return RES_UNKNOWN;
+  if (definition.levels.empty()) return RES_UNKNOWN;
   LodMeshWriter(definition, out).Write();
   return out.size() <= kMaxMeshFile ? RES_SUCCESS : RES_UNKNOWN;
 }

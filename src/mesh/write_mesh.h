@@ -10,8 +10,7 @@
 namespace morvex {
 
 // Append a definition to bytes that hold nothing yet. A definition that was read comes back as it was, but for
-// what write_mesh_parts.h leaves out. RES_UNKNOWN if there is no level, if a part has no material because it was read
-// without a material manager, or if the file would reach 2 GiB.
+// what write_mesh_parts.h leaves out. RES_UNKNOWN if there is no level, or if the file would reach 2 GiB.
 
 // As an .lm: skinned bones as BONT, a bare bone tree as RBOT. Attachments that are left out from afar get a mark
 // behind their names, once.

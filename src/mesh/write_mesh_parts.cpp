@@ -1,6 +1,5 @@
 #include "mesh/write_mesh_parts.h"
 
-#include <algorithm>
 #include <array>
 
 #include "mesh/vertex_records.h"
@@ -24,11 +23,6 @@ void WriteColour(MeshOutput& out, const Nox::Colour& colour, float scale) {
 }
 
 }  // namespace
-
-bool IsWritable(const MeshLevel& level) {
-  return std::all_of(level.parts.begin(), level.parts.end(),
-                     [](const MeshPart& part) { return part.material && part.chunk; });
-}
 
 MaterialWriter::MaterialWriter(const MorvexIndexedMeshDefinition& definition)
     : prefix_(definition.materialPrefix) {

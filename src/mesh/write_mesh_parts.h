@@ -15,9 +15,6 @@ namespace morvex {
 // Sizes within a mesh file are signed here and there.
 inline constexpr std::size_t kMaxMeshFile = 0x7FFFFFFF;
 
-// Whether all parts have what a file needs of them.
-[[nodiscard]] bool IsWritable(const MeshLevel& level);
-
 // Writes the materials of one definition.
 class MaterialWriter {
  public:
