@@ -33,10 +33,14 @@ ExitCode Upload(Host& host, const Options& options) {
   const auto downloads = MakeDownloads(options.network, InstallationCache());
   ResultsLog log;
   bool isOnItsWay = false;
-  ZEBUploadAssets(kuids, log, *downloads, [&](DownloadTask& task) {
-    if (!std::exchange(isOnItsWay, true)) host.LetOthersIn();
-    if (IsInterrupted()) task.Cancel();
-  });
+  {
+    ProgressBar progress(host.console(), "Upload", 0);
+    ZEBUploadAssets(kuids, log, *downloads, [&](DownloadTask& task, uint64_t size) {
+      if (!std::exchange(isOnItsWay, true)) host.LetOthersIn();
+      progress.ShowOf(task.GetBytesSent(), size);
+      if (IsInterrupted()) task.Cancel();
+    });
+  }
   const bool isSent = log.ErrorCount() == 0;
   const bool isBrokenOff = !isSent && isOnItsWay && IsInterrupted();
   PrintLog(host.console(), log);

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 #include "tests/host/host_run.h"
 #include "tests/net/hostile_peer.h"
@@ -67,6 +71,21 @@ TEST_F(HostNetwork, UploadsOwnAssetsAlone) {
   EXPECT_EQ(own.code, 0) << own.out << own.err;
   WriteFile(place_ / "sent.cdp", station_.Uploaded("UL_File"));
   EXPECT_EQ(place_.Host({"package", "verify", place_ / "sent.cdp"}).code, 0);
+}
+
+TEST_F(HostNetwork, AnUploadThatWaitsLetsOthersInAndCanBeBrokenOff) {
+  place_.Install("water_crane", kCrane);
+  WriteFile(place_ / "settings/kuid.txt", "base-kuid <kuid:523841:5000>\n");
+  const HostilePeer peer([](PeerSocket& connection) { connection.Stall(); });
+  const std::string server = "127.0.0.1:" + std::to_string(peer.Port());
+  const int upload = place_.Start({"upload", kCrane, "--server", server, "--user", "me"}, "MorvexHost");
+  while (peer.Connections() == 0 && waitpid(upload, nullptr, WNOHANG) == 0)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_EQ(place_.Host({"show", kCrane}).code, 0);
+  kill(upload, SIGINT);
+  int status = 0;
+  waitpid(upload, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 130);
 }
 
 TEST_F(HostNetwork, FetchesOnlyFromThoseWhoCanShowWhoTheyAre) {

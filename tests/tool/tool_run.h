@@ -61,9 +61,9 @@ class Installation {
             WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status)};
   }
 
-  // Starts the program without waiting for it; the caller waits for, or ends, the process id.
-  int Start(const std::vector<std::string>& arguments) const {
-    return Spawn("MorvexUtil", arguments, "/dev/null", "/dev/null", "/dev/null");
+  // Starts a program without waiting for it; the caller waits for, or ends, the process id.
+  int Start(const std::vector<std::string>& arguments, const std::string& program = "MorvexUtil") const {
+    return Spawn(program, arguments, "/dev/null", "/dev/null", "/dev/null");
   }
 
  private:

@@ -98,11 +98,12 @@ void ZEBUploadAssets(const KUIDList& kuids, ResultsLog& log, DownloadManager& do
   KUIDList sent;
   std::string package = MakeUploadPackage(kuids, sent, log);
   if (package.empty()) return;
+  const std::uint64_t size = package.size();
 
   const DownloadHandle task = downloads.PostData(UploadUrl(downloads), MakeForm(std::move(package)));
   if (!task) return;
   while (!task->WaitUntilFinished(kPollTime)) {
-    if (watch) watch(*task);
+    if (watch) watch(*task, size);
   }
   const auto fail = [&](const char* key, const auto& argument) {
     log.Add(Severity::kError, MorvexPropertyPtr(), GetInterfaceString(key), 0, argument);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 #include "tagdata/kuid_list.h"
@@ -10,8 +11,8 @@ class DownloadManager;
 class DownloadTask;
 class ResultsLog;
 
-// Sees the task that sends, about ten times a second while it does. It may cancel it.
-using UploadWatch = std::function<void(DownloadTask& task)>;
+// Sees the task that sends a package of so many bytes, about ten times a second while it does. It may cancel it.
+using UploadWatch = std::function<void(DownloadTask& task, std::uint64_t size)>;
 
 // Sends assets of the local author to the download station, as one package in one form, to the upload server of the
 // manager's settings. Nothing is sent unless every asset may go: it is installed, committed, without errors, the

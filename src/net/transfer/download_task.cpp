@@ -88,4 +88,8 @@ std::uint64_t DownloadTask::GetTotalBytes() const {
   return control_.BytesExpected();
 }
 
+std::uint64_t DownloadTask::GetBytesSent() const {
+  return control_.BytesSent();
+}
+
 }  // namespace morvex

@@ -67,7 +67,8 @@ class DownloadTask {
   // Bytes of the file so far, and in all, 0 if unknown.
   [[nodiscard]] std::uint64_t GetBytesReceived() const;
   [[nodiscard]] std::uint64_t GetTotalBytes() const;
-
+  // Bytes that went out over the connection in use, all it takes to send a form counted.
+  [[nodiscard]] std::uint64_t GetBytesSent() const;
   // Bytes of a complete file that an earlier download had left.
   [[nodiscard]] std::uint64_t GetResumedFrom() const;
 

@@ -26,6 +26,11 @@ NetError NetConnection::ErrorCode() const {
   return transport_ ? transport_->ErrorCode() : NetError::kNoConnection;
 }
 
+std::uint64_t NetConnection::BytesSent() const {
+  const std::lock_guard guard(lock_);
+  return transport_ ? transport_->BytesSent() : 0;
+}
+
 std::string NetConnection::FailureText() const {
   return transport_ ? transport_->FailureText() : std::string();
 }

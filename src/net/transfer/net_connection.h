@@ -37,6 +37,8 @@ class NetConnection {
   // Bytes of the body so far, and as announced by the peer (0 if it wasn't). Any thread.
   [[nodiscard]] std::uint64_t BytesReceived() const { return bytesReceived_; }
   [[nodiscard]] std::uint64_t BytesExpected() const { return bytesExpected_; }
+  // What went out over the transport. Any thread.
+  [[nodiscard]] std::uint64_t BytesSent() const;
 
   // True if the connection can't serve another request.
   [[nodiscard]] bool ClosesAfterResponse() const { return closeAfterResponse_; }

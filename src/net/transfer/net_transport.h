@@ -32,6 +32,8 @@ class NetTransport {
   virtual ~NetTransport() = default;
   // Whether a read would not block. True where that can't be told.
   [[nodiscard]] virtual bool HasData() { return true; }
+  // What went out to the peer, as the wire counts it. Any thread.
+  [[nodiscard]] virtual std::uint64_t BytesSent() const { return 0; }
 
   // Any thread.
   [[nodiscard]] NetError ErrorCode() const { return errorCode_; }

@@ -22,6 +22,7 @@ class SocketTransport : public NetTransport {
   void Close() override;
 
   [[nodiscard]] bool IsOpen() const { return socket_.IsOpen(); }
+  [[nodiscard]] std::uint64_t BytesSent() const override { return socket_.BytesSent(); }
 
  protected:
   SocketTransport();

@@ -44,6 +44,7 @@ std::ptrdiff_t StreamSocket::Send(const void* buffer, std::size_t length) {
     const std::ptrdiff_t now = sockets::send(handle_, bytes + sent, std::min(length - sent, kSendPiece));
     if (now <= 0) break;
     sent += static_cast<std::size_t>(now);
+    sent_ += static_cast<std::uint64_t>(now);
   }
   return sent > 0 || length == 0 ? static_cast<std::ptrdiff_t>(sent) : -1;
 }

@@ -29,6 +29,8 @@ class StreamSocket {
   // The bytes that went out; all of them as long as the peer takes some in each span of the time-out.
   std::ptrdiff_t Send(const void* buffer, std::size_t length);
   [[nodiscard]] bool HasData() const;
+  // All that went out so far. Any thread.
+  [[nodiscard]] std::uint64_t BytesSent() const { return sent_; }
 
   // Any thread. Ends what is waited for; everything later fails.
   void Shut();
@@ -45,6 +47,7 @@ class StreamSocket {
   std::mutex lock_;  // of handle_ where it changes, so that Shut never meets a number that was closed
   sockets::SOCKET handle_ = sockets::INVALID_SOCKET;
   std::atomic<bool> shut_ = false;
+  std::atomic<std::uint64_t> sent_ = 0;
   std::string failureText_;
 };
 

@@ -20,6 +20,11 @@ std::uint64_t TransferControl::BytesExpected() const {
   return connection_ != nullptr ? connection_->BytesExpected() : expected_;
 }
 
+std::uint64_t TransferControl::BytesSent() const {
+  const std::lock_guard guard(lock_);
+  return connection_ != nullptr ? connection_->BytesSent() : sent_;
+}
+
 bool TransferControl::Attach(NetConnection& connection) {
   const std::lock_guard guard(lock_);
   if (IsCancelled()) return false;
@@ -32,6 +37,7 @@ void TransferControl::Detach() {
   if (connection_ == nullptr) return;
   received_ = connection_->BytesReceived();
   expected_ = connection_->BytesExpected();
+  sent_ = connection_->BytesSent();
   connection_ = nullptr;
 }
 

@@ -18,6 +18,8 @@ class TransferControl {
   // Bytes of the body so far and as announced, of the connection in use or the last one.
   [[nodiscard]] std::uint64_t BytesReceived() const;
   [[nodiscard]] std::uint64_t BytesExpected() const;
+  // What went out over that connection.
+  [[nodiscard]] std::uint64_t BytesSent() const;
 
   // The worker says which connection it uses, and that it uses none. False, and nothing is in use, if the download
   // was cancelled before.
@@ -30,6 +32,7 @@ class TransferControl {
   NetConnection* connection_ = nullptr;  // the worker's
   std::uint64_t received_ = 0;
   std::uint64_t expected_ = 0;
+  std::uint64_t sent_ = 0;
 };
 
 }  // namespace morvex
