@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -60,6 +61,7 @@ void Run(benchmark::State& state, bool (*fetch)(const URL&, const std::string&),
   for (auto _ : state) {
     state.PauseTiming();
     std::filesystem::remove(setup.target);
+    sync();  // neither side waits for what the other has left to write
     state.ResumeTiming();
     if (!fetch(setup.Url(scheme, path), setup.target) ||
         std::filesystem::file_size(setup.target) != kFileSize)
@@ -78,6 +80,7 @@ void Compare(const char* scheme, const char* path, const std::string& name) {
     benchmark::RegisterBenchmark((name + (curl ? "/curl" : "/morvex")).c_str(), &Run,
                                  curl ? &FetchByCurl : &Fetch, scheme, path)
         ->UseRealTime()
+        ->Iterations(5)
         ->Unit(benchmark::kMillisecond);
   }
 }

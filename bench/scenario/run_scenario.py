@@ -170,6 +170,7 @@ class Scenario:
             for side, (what, prepare) in enumerate(((ours, before_ours), (theirs, before_theirs))):
                 if prepare:
                     prepare()
+                os.sync()  # else a run that flushes its own files waits for what others have left to write
                 measured = run(what)
                 if measured[3] != 0:
                     sys.exit(f"failed with {measured[3]}: {what}")
