@@ -71,6 +71,14 @@ LogLevel Connect
 
 }  // namespace
 
+std::string LargeText(std::size_t size, int seed) {
+  std::string text;
+  for (std::size_t i = 0; text.size() < size; ++i)
+    text += std::to_string(i * 7919 + static_cast<std::size_t>(seed)) + ";";
+  text.resize(size);
+  return text;
+}
+
 TestCertificate::TestCertificate(const ScratchFolder& folder, const std::string& names)
     : certificate(folder / "certificate.pem"), key(folder / "key.pem") {
   const std::string output = folder / "openssl";

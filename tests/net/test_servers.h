@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -9,6 +10,9 @@
 #include "tests/scratch_folder.h"
 
 // Real servers on free ports of 127.0.0.1, each with a configuration and a folder of its own.
+
+// A text to serve that no two pieces of are alike; each seed gives another.
+std::string LargeText(std::size_t size, int seed = 0);
 
 // A key and a certificate that signs itself, made by openssl. `names` as in "DNS:localhost,IP:127.0.0.1".
 struct TestCertificate {

@@ -23,15 +23,6 @@ namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-// A text that no two pieces of are alike.
-std::string LargeText(std::size_t size, int seed) {
-  std::string text;
-  for (std::size_t i = 0; text.size() < size; ++i)
-    text += std::to_string(i * 7919 + seed) + ";";
-  text.resize(size);
-  return text;
-}
-
 class FileFetchTest : public testing::Test {
  protected:
   ~FileFetchTest() override { SetNetworkSettings({}); }

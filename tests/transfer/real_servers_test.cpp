@@ -8,7 +8,6 @@
 #include "net/transfer/ftp_connection.h"
 #include "net/transfer/http_connection.h"
 #include "net/transfer/network_settings.h"
-#include "net/transfer/redirect_trail.h"
 #include "net/transfer/ssl_transport.h"
 #include "net/transfer/tcp_transport.h"
 #include "net/transfer/url.h"
@@ -19,8 +18,6 @@ namespace {
 
 constexpr const char* kLocations = R"(
   location /chunked/ { ssi on; ssi_types *; }
-  location /moved { return 302 /plain.bin; }
-  location /elsewhere { return 301 http://localhost:@PORT@/plain.bin; }
   location /give { add_header Set-Cookie "a=1; Path=/"; add_header Set-Cookie "b=2"; return 200 "given"; }
   location /show { return 200 "[$http_cookie]"; }
   location /broken { return 500 "no"; }
@@ -34,14 +31,6 @@ bool IsTlsLoaded() {
 }
 const bool loadedAtStart = IsTlsLoaded();
 
-// A text that no two pieces of are alike.
-std::string LargeText(std::size_t size) {
-  std::string text;
-  for (std::size_t i = 0; text.size() < size; ++i)
-    text += std::to_string(i * 7919) + ";";
-  return text;
-}
-
 class NginxTest : public testing::Test {
  protected:
   NginxTest() { server_.Put("plain.bin", "plain content"); }
@@ -50,13 +39,13 @@ class NginxTest : public testing::Test {
     return URL((tls ? "https://localhost:" : "http://localhost:") +
                std::to_string(tls ? server_.TlsPort() : server_.Port()) + path);
   }
-  void Connect(const URL& url, const Endpoint& proxy = {}) {
+  void Connect(const URL& url) {
     const Endpoint target{std::string(url.host), url.DefaultPort()};
     std::unique_ptr<NetTransport> transport;
     if (url.HasScheme("https")) {
-      transport = std::make_unique<SSLTransport>(target, proxy);
+      transport = std::make_unique<SSLTransport>(target);
     } else {
-      transport = std::make_unique<TCPTransport>(target, proxy);
+      transport = std::make_unique<TCPTransport>(target);
     }
     connection_.SetTransport(std::move(transport));
     connection_.SetHost(url.host);
@@ -67,8 +56,8 @@ class NginxTest : public testing::Test {
     if (!connection_.ReadResponseHeaders()) return "!" + std::to_string(connection_.StatusCode());
     return connection_.ReadBody(file_) ? GetText(file_) : "?";
   }
-  std::string GetAnew(const URL& url, const Endpoint& proxy = {}) {
-    Connect(url, proxy);
+  std::string GetAnew(const URL& url) {
+    Connect(url);
     return Get(url);
   }
 
@@ -106,20 +95,6 @@ TEST_F(NginxTest, SendsChunks) {
   EXPECT_EQ(Get(Url("/plain.bin")), "plain content");
 }
 
-TEST_F(NginxTest, Redirects) {
-  RedirectTrail trail;
-  URL url = Url("/moved");
-  Connect(url);
-  Get(url);
-  ASSERT_EQ(connection_.Status(), HTTPStatus::kRedirect);
-  ASSERT_TRUE(trail.Follow(url, connection_.Location())) << connection_.Location();
-  ASSERT_TRUE(SameServer(url, Url("/"))) << connection_.Location();
-  EXPECT_EQ(Get(url), "plain content");
-  Get(Url("/elsewhere"));
-  ASSERT_TRUE(trail.Follow(url, connection_.Location()));
-  EXPECT_EQ(GetAnew(url), "plain content");
-}
-
 TEST_F(NginxTest, GetsItsCookiesBack) {
   Connect(Url("/"));
   EXPECT_EQ(Get(Url("/show")), "[]");
@@ -153,14 +128,6 @@ TEST_F(NginxTest, TakesAForm) {
     ASSERT_TRUE(connection_.ReadBody(file_));
     EXPECT_EQ(GetText(file_), "thanks");
   }
-}
-
-TEST_F(NginxTest, IsReachedThroughAProxy) {
-  const ProxyServer proxy;
-  const Endpoint way{"127.0.0.1", proxy.Port()};
-  for (const bool tls : {false, true})
-    EXPECT_EQ(GetAnew(Url("/plain.bin", tls), way), "plain content");
-  EXPECT_NE(proxy.Log().find("CONNECT localhost:" + std::to_string(server_.TlsPort())), std::string::npos);
 }
 
 TEST_F(NginxTest, IsVerifiedWhereThatIsWanted) {
@@ -241,15 +208,6 @@ TEST_F(VsftpdTest, GivesFilesAndTheirRests) {
   EXPECT_EQ(GetText(file_), "");
   EXPECT_FALSE(connection_->Retrieve("missing", file_, 0));
   EXPECT_TRUE(connection_->ReplyLine().starts_with("550")) << connection_->ReplyLine();
-}
-
-TEST_F(VsftpdTest, RefusesLogins) {
-  Connect();
-  EXPECT_FALSE(connection_->Login("anonymous", "refused"));
-  EXPECT_EQ(connection_->ReplyLine(), "530 Login incorrect.");
-  Connect();
-  EXPECT_FALSE(connection_->Login("somebody", "x"));
-  EXPECT_TRUE(connection_->ReplyLine().starts_with("530")) << connection_->ReplyLine();
 }
 
 TEST_F(VsftpdTest, IsReachedThroughAProxy) {
