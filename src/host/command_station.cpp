@@ -153,16 +153,21 @@ ExitCode Author(Host& host, const Options& options) {
   return EndCode(isDone);
 }
 
+// Waits for a file of the cache, where it stays as long as the task is held. False, with the reason told, if it
+// doesn't come.
+bool Receive(const Host& host, DownloadTask& task, const std::string& what, std::string& path) {
+  host.LetOthersIn();
+  Nox::PString name;
+  return WaitFor(host.console(), task, what) && task.GetResult(path, name);
+}
+
 ExitCode Description(Host& host, const Options& options) {
   if (!host.Open()) return ExitCode::kNoInstallation;
   const auto downloads = MakeDownloads(options.network, InstallationCache());
-  host.LetOthersIn();
   const DownloadHandle task =
       downloads->RequestDownload(DescriptionUrl(downloads->Settings().webServer, options.kuid));
   std::string path;
-  Nox::PString name;
-  const bool isDone = WaitFor(host.console(), *task, "Description") && task->GetResult(path, name);
-  if (!isDone) return EndCode(false);
+  if (!Receive(host, *task, "Description", path)) return EndCode(false);
   const auto bytes = Nox::ReadWholeFile(path, size_t{16} << 20);
   const std::string text = bytes ? std::string(bytes->Text()) : std::string();
   if (host.WantsJson()) {
@@ -177,13 +182,10 @@ ExitCode Description(Host& host, const Options& options) {
 ExitCode Thumbnail(Host& host, const Options& options) {
   if (!host.Open()) return ExitCode::kNoInstallation;
   const auto downloads = MakeDownloads(options.network, InstallationCache());
-  host.LetOthersIn();
   const DownloadHandle task =
       downloads->RequestDownload(ThumbnailUrl(downloads->Settings().webServer, options.kuid));
   std::string path;
-  Nox::PString name;
-  const bool isDone = WaitFor(host.console(), *task, "Thumbnail") && task->GetResult(path, name);
-  if (!isDone) return EndCode(false);
+  if (!Receive(host, *task, "Thumbnail", path)) return EndCode(false);
   const std::string target =
       AbsolutePath(options.out.empty() ? options.kuid.ToFileName() + ".jpg" : options.out);
   if (!Nox::File::CopyFile(path, target))

@@ -79,8 +79,10 @@ TEST_F(HostNetwork, AnUploadThatWaitsLetsOthersInAndCanBeBrokenOff) {
   const HostilePeer peer([](PeerSocket& connection) { connection.Stall(); });
   const std::string server = "127.0.0.1:" + std::to_string(peer.Port());
   const int upload = place_.Start({"upload", kCrane, "--server", server, "--user", "me"}, "MorvexHost");
-  while (peer.Connections() == 0 && waitpid(upload, nullptr, WNOHANG) == 0)
+  while (peer.Connections() == 0) {
+    ASSERT_EQ(waitpid(upload, nullptr, WNOHANG), 0) << "it ended without a connection";
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
   EXPECT_EQ(place_.Host({"show", kCrane}).code, 0);
   kill(upload, SIGINT);
   int status = 0;
